@@ -1,0 +1,39 @@
+#include "vtl/base/Pause.h"
+
+#include "vtl/base/Report.h"
+
+#include <cstdlib>
+#include <unistd.h>
+
+namespace Vantrel {
+namespace {
+
+void readKey() {
+    char key = 0;
+    // Any answer is the key: a character, the end of the input, or a signal that interrupts the wait.
+    [[maybe_unused]] const ssize_t answer = ::read(STDIN_FILENO, &key, 1);
+}
+
+Pause::KeySource keySource = readKey;
+
+} // namespace
+
+void Pause::waitForKey() {
+    if (!Reports::isOpen()) {
+        Reports::open();
+    }
+    Reports::flush();
+    keySource();
+}
+
+void Pause::exitAfterKey() {
+    waitForKey();
+    // Not exit(): the network thread may be running, and static objects must not go from under it.
+    std::_Exit(-1);
+}
+
+void Pause::setKeySource(KeySource source) {
+    keySource = source != nullptr ? source : readKey;
+}
+
+} // namespace Vantrel

@@ -1,0 +1,25 @@
+#pragma once
+
+namespace Vantrel {
+
+/** The pauses of the failure paths: the prompt has been reported, a person answers with a key. */
+class Pause {
+public:
+    /** Stands in for standard input in a test. */
+    using KeySource = void (*)();
+
+    /**
+     * Flushes the reports and waits for one character on standard input. End of file and a signal count as
+     * the key, so that nothing hangs unattended.
+     */
+    static void waitForKey();
+
+    /** The end of a fatal path: waits for a key, then ends the process with exit code -1, whatever still
+     * runs. */
+    [[noreturn]] static void exitAfterKey();
+
+    /** Takes keys from `source`; null goes back to standard input. Main thread. */
+    static void setKeySource(KeySource source);
+};
+
+} // namespace Vantrel

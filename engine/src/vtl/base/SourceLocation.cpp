@@ -1,0 +1,13 @@
+#include "vtl/base/SourceLocation.h"
+
+#include <string_view>
+
+namespace Vantrel {
+
+std::string locationText(const std::source_location& where) {
+    std::string_view file = where.file_name();
+    file.remove_prefix(file.find_last_of('/') + 1);
+    return std::string(file) + ":" + std::to_string(where.line());
+}
+
+} // namespace Vantrel
