@@ -1,6 +1,7 @@
 # keldin_options: what every target of the project is compiled and linked with.
 add_library(keldin_options INTERFACE)
 target_include_directories(keldin_options INTERFACE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/engine/src")
+target_compile_definitions(keldin_options INTERFACE KELDIN_VERSION="${PROJECT_VERSION}")
 target_compile_options(keldin_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   -Wcast-align -Wformat=2 -Wimplicit-fallthrough -Werror)

@@ -4,10 +4,10 @@
 
 namespace Vantrel {
 
-std::string locationText(const std::source_location& where) {
-    std::string_view file = where.file_name();
+std::string locationText(SourceLocation where) {
+    std::string_view file = where.file;
     file.remove_prefix(file.find_last_of('/') + 1);
-    return std::string(file) + ":" + std::to_string(where.line());
+    return std::string(file) + ":" + std::to_string(where.line);
 }
 
 } // namespace Vantrel
