@@ -324,4 +324,3 @@ BENCHMARK(ourLargeBodies)->Unit(benchmark::kMillisecond)->UseRealTime();
 } // namespace
 } // namespace Vantrel
 
-BENCHMARK_MAIN();
