@@ -1,8 +1,9 @@
 #include "vtl/gl/GLError.h"
 
+#include "vtl/base/ReportedObject.h"
 #include "vtl/base/SourceLocation.h"
 
-#include "tests/support/ReportCapture.h"
+#include "tests/support/GLContextFixture.h"
 
 #include <GL/glew.h>
 #include <deque>
@@ -21,6 +22,15 @@ std::uint32_t nextPendingError() {
     pendingErrors.pop_front();
     return error;
 }
+
+class LabelledObject final : public ReportedObject {
+public:
+    std::uint32_t getID() const override { return 4000000000U; }
+    const std::string& getLabel() const override { return label; }
+
+private:
+    std::string label = "Glideslope Antenna";
+};
 
 TEST(GLErrorTest, NamesEachError) {
     struct Row {
@@ -58,6 +68,22 @@ TEST(GLErrorTest, EndsAfterTheSecondInvalidOperation) {
     EXPECT_EQ(reportGLErrors(nextPendingError, 0, nullptr, std::source_location::current()), 4U);
     EXPECT_TRUE(reports.contains(" VTL GL ERROR[3] - INVALID OPERATION 0 - "));
 }
+
+using GLErrorGLTest = Tests::GLContextFixture;
+
+TEST_P(GLErrorGLTest, TracesAnErrorToItsCallSiteAndObject) {
+    const LabelledObject object;
+    EXPECT_EQ(checkGLError(1), 0U);
+    glEnable(0xFFFF);
+    reports.clear();
+    EXPECT_EQ(checkGLError(212123, &object), 1U);
+    const std::string line = std::to_string(__LINE__ - 1);
+    EXPECT_EQ(reports.text(), " VTL GL ERROR[0] - INVALID ENUM 212123 - GLErrorGLTest.cpp:" + line +
+                                  "\nGlideslope Antenna 4000000000\n");
+    EXPECT_EQ(checkGLError(1), 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Contexts, GLErrorGLTest, Tests::everyGLContext(), Tests::nameOfGLContext);
 
 } // namespace
 } // namespace Vantrel
