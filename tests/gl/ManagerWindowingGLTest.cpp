@@ -3,6 +3,7 @@
 #include "vtl/base/TickSource.h"
 #include "vtl/gl/GLEntryPoints.h"
 #include "vtl/gl/GLHandle.h"
+#include "vtl/gl/LoadingScreen.h"
 #include "vtl/gl/ProjectionMatrix.h"
 #include "vtl/gl/WindowIcon.h"
 
@@ -43,6 +44,9 @@ protected:
     void expectSafeWithoutContext() {
         EXPECT_FALSE(ManagerWindowing::isWindowExisting());
         EXPECT_EQ(ManagerWindowing::getContextGeneration(), 0U);
+        reports.clear();
+        ManagerWindowing::drawLoadingScreen();
+        EXPECT_EQ(reports.text(), "ManagerWindowing::windowExists is false\n");
         EXPECT_FALSE(ManagerWindowing::resize(640, 480));
         EXPECT_EQ(ManagerWindowing::getWindowWidth(), 640);
         ManagerWindowing::setWindowTitle("title");
@@ -56,6 +60,7 @@ protected:
         loadPerspective(65.0F, 1.0F, 0.1F, 1000.0F);
         loadOrthographic2D(0.0F, 1.0F, 0.0F, 1.0F);
         EXPECT_FALSE(GLBuffer::create());
+        EXPECT_FALSE(LoadingScreen().isDrawable());
         glGenerateMipmap(GL_TEXTURE_2D);
         EXPECT_LE(checkGLError(0), 2U);
     }
@@ -144,6 +149,9 @@ TEST_F(ManagerWindowingTest, ReadsTheFormOfStereo) {
         EXPECT_EQ(ManagerWindowing::isSplitHorizontal(), row.isHorizontal);
         EXPECT_TRUE(
             reports.contains("Stereoscopic Rendering Enabled: " + std::to_string(row.isStereo) + "\n"));
+        if (row.isStereo) {
+            ManagerWindowing::drawLoadingScreen();
+        }
         // A driver without buffers for two eyes refuses the window or each of the buffers.
         const bool needsTwoBuffers = row.isStereo && !row.isVertical && !row.isHorizontal;
         EXPECT_TRUE(needsTwoBuffers || ManagerWindowing::isWindowExisting());

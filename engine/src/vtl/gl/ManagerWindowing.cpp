@@ -7,6 +7,7 @@
 #include "vtl/base/TickSource.h"
 #include "vtl/gl/GLEntryPoints.h"
 #include "vtl/gl/GLError.h"
+#include "vtl/gl/LoadingScreen.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/SDLReport.h"
 #include "vtl/gl/WindowIcon.h"
@@ -40,8 +41,9 @@ struct State {
 
 State state;
 
-/** Counts over the life of the process. */
+// These two count over the life of the process.
 std::uint32_t contextsMade = 0;
+std::int32_t loadingScreenRepeats = 600;
 
 /** Added to SDL's ticks, which begin anew with each start of SDL. */
 std::atomic<std::uint32_t> ticksBeforeSDL = 0;
@@ -263,6 +265,38 @@ bool openWindow() {
     return true;
 }
 
+void clearColorAndDepth() {
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+}
+
+void present() {
+    glFlush();
+    SDL_GL_SwapWindow(state.window);
+}
+
+void showLoadingPicture(const LoadingScreen& screen) {
+    screen.drawPicture();
+    present();
+    clearColorAndDepth();
+}
+
+void showSplitEyePicture(const LoadingScreen& screen) {
+    screen.drawEyePicture({1.0F, 0.0F, 0.0F});
+    present();
+    clearColorAndDepth();
+}
+
+void showEyePictures(const LoadingScreen& screen) {
+    GLint drawBuffer = GL_BACK;
+    glGetIntegerv(GL_DRAW_BUFFER, &drawBuffer);
+    glDrawBuffer(GL_BACK_RIGHT);
+    screen.drawEyePicture({0.195489F, 1.0F, 1.0F});
+    glDrawBuffer(GL_BACK_LEFT);
+    screen.drawEyePicture({0.8F, 0.8F, 0.8F});
+    glDrawBuffer(static_cast<GLenum>(drawBuffer));
+    present();
+}
+
 } // namespace
 
 void ManagerWindowing::init() {
@@ -368,6 +402,26 @@ bool ManagerWindowing::hasContext() {
 
 std::uint32_t ManagerWindowing::getContextGeneration() {
     return state.contextGeneration;
+}
+
+void ManagerWindowing::drawLoadingScreen() {
+    if (!state.windowExists) {
+        Report() << "ManagerWindowing::windowExists is false\n";
+        return;
+    }
+    const LoadingScreen screen;
+    if (!screen.isDrawable()) {
+        return;
+    }
+    if (state.stereoEnabled) {
+        state.splitHorizontal || state.splitVertical ? showSplitEyePicture(screen) : showEyePictures(screen);
+    } else if (ManagerOpenGLState::isVersion32OrGreater()) {
+        showLoadingPicture(screen);
+    } else if (ManagerOpenGLState::isCompatibilityProfile()) {
+        for (; loadingScreenRepeats > 0; --loadingScreenRepeats) {
+            showLoadingPicture(screen);
+        }
+    }
 }
 
 std::string ManagerWindowing::toString() {

@@ -49,6 +49,12 @@ public:
     /** Number of the current context, counted from 1 over the life of the process; 0 without a context. */
     static std::uint32_t getContextGeneration();
 
+    /**
+     * Shows the picture of the loading time in the form that suits the context. On the fixed-function path
+     * the first call of the process shows it 600 times, and later ones not at all.
+     */
+    static void drawLoadingScreen();
+
     /** A report of the window, its framebuffer and the displays. */
     static std::string toString();
 };
