@@ -162,6 +162,19 @@ void ManagerEnvironmentConfiguration::populateFromCommandLine(const std::vector<
     Report() << toString() << "\n";
 }
 
+std::string ManagerEnvironmentConfiguration::getCommandLineValue(const std::vector<std::string>& args,
+                                                                 std::string_view key) {
+    std::string value;
+    for (const std::string& arg : args) {
+        const std::vector<std::string> pieces =
+            isSetting(arg) ? splitSetting(arg) : std::vector<std::string>{};
+        if (pieces.size() == 2 && pieces[0] == key) {
+            value = pieces[1];
+        }
+    }
+    return value;
+}
+
 std::string ManagerEnvironmentConfiguration::toString() {
     ReportText text;
     if (isReady("toString")) {

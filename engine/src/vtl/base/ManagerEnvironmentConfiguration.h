@@ -29,6 +29,10 @@ public:
     /** Overrides with the arguments of the form `{key=value}`; others are passed over. */
     static void populateFromCommandLine(const std::vector<std::string>& args);
 
+    /** The value that the arguments give a key by `{key=value}`, without storing it; empty when they give
+     * none. */
+    static std::string getCommandLineValue(const std::vector<std::string>& args, std::string_view key);
+
     /** One line an entry, in the order of the keys: `'key' = 'value'`. */
     static std::string toString();
 

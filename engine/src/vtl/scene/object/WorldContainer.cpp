@@ -1,0 +1,44 @@
+#include "vtl/scene/object/WorldContainer.h"
+
+#include "vtl/base/ManagerSDLTime.h"
+#include "vtl/gl/GLError.h"
+#include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/scene/object/WO.h"
+
+#include <algorithm>
+
+namespace Vantrel {
+
+bool WorldContainer::eraseViaWO(WO* object) {
+    const auto entry = std::find(woList.begin(), woList.end(), object);
+    if (entry == woList.end()) {
+        return false;
+    }
+    woList.erase(entry);
+    return true;
+}
+
+void WorldContainer::render(Camera* camera) {
+    for (std::size_t i = 0; i < woList.size(); ++i) {
+        WO* const object = woList[i];
+        ManagerOpenGLState::restorePerObjectState();
+        ManagerSDLTime::startStopwatch(Stopwatch::object);
+        object->render(camera);
+        ObjectTimes& times = ManagerSDLTime::timesOf(*object);
+        times.renderMs += ManagerSDLTime::readStopwatch(Stopwatch::object);
+        ++times.renderCount;
+        checkGLError(static_cast<std::int32_t>(i), object);
+    }
+}
+
+bool WorldContainer::contains(const WO* object) const {
+    return std::find(woList.begin(), woList.end(), object) != woList.end();
+}
+
+WO* WorldContainer::getWOByID(std::uint32_t id) const {
+    const auto entry =
+        std::find_if(woList.begin(), woList.end(), [id](const WO* object) { return object->getID() == id; });
+    return entry != woList.end() ? *entry : nullptr;
+}
+
+} // namespace Vantrel
