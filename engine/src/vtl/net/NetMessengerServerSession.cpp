@@ -17,7 +17,7 @@ namespace {
 using boost::system::error_code;
 
 /** What a message costs beyond its body, so that a flood of empty ones is bounded too. */
-constexpr std::size_t bytesPerMessage = 64;
+constexpr std::size_t bytesPerMessage = 32;
 
 /** Unsent replies of one session beyond which no more of its requests are read. */
 constexpr std::size_t outgoingBytesAtMost = 16 * 1024 * 1024;
