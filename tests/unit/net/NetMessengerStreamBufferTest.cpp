@@ -91,6 +91,17 @@ TEST_F(NetMessengerStreamBufferTest, FullWrappingBufferReportsAndKeepsWhatItHas)
                               "passed in as a constructor param...\n");
 }
 
+TEST_F(NetMessengerStreamBufferTest, FrameLengthStaysWithinASmallWrappingBuffer) {
+    for (const std::size_t capacity : {0U, 3U, 4U, 7U}) {
+        WireBytes memory{1, 2, 3, 4, 5, 6, 7, 8};
+        const WireBytes before = memory;
+        NetMessengerStreamBuffer buffer{std::span(memory).first(capacity)};
+        buffer.fixFrameLength();
+        EXPECT_EQ(memory, before) << capacity;
+        EXPECT_EQ(buffer.length(), 0U) << capacity;
+    }
+}
+
 TEST_F(NetMessengerStreamBufferTest, ReportsWhatIsMissingAndLeavesTheTarget) {
     WireBytes bytes{1, 2, 3};
     NetMessengerStreamBuffer buffer(bytes);
