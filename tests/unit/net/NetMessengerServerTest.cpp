@@ -13,6 +13,7 @@
 #include <chrono>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <optional>
 #include <sys/resource.h>
 #include <thread>
@@ -252,6 +253,19 @@ TEST_F(NetMessengerServerTest, DropsAreReportedOnceEach) {
     EXPECT_TRUE(waitForReports(droppedInBody));
     EXPECT_TRUE(isServed());
     EXPECT_EQ(reports.count("onRecvBody"), 1U);
+}
+
+TEST_F(NetMessengerServerTest, DroppedBodiesHoldNoMemory) {
+    start();
+    const std::size_t before = ::mallinfo2().hblkhd;
+    for (int i = 0; i < 4; ++i) {
+        WireBytes halfBody = WireBytes().u32(netMsgIDOf("NetMsgProbe")).u32(40'000'000);
+        halfBody.resize(20'000'000);
+        LoopbackClient(port).send(halfBody);
+    }
+    EXPECT_TRUE(waitForReports(droppedInBody, 4));
+    EXPECT_TRUE(isServed());
+    EXPECT_LT(::mallinfo2().hblkhd, before + 10'000'000);
 }
 
 TEST_F(NetMessengerServerTest, EachClientGetsItsOwnRepliesWholeAndInOrder) {
