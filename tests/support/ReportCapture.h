@@ -13,7 +13,10 @@ public:
     ReportCapture() {
         Reports::open([](std::string_view) {});
         Reports::flush();
-        Reports::open([this](std::string_view text) { gathered.append(text); });
+        Reports::open([this](std::string_view text) {
+            const std::scoped_lock lock(mutex);
+            gathered.append(text);
+        });
     }
     ReportCapture(const ReportCapture&) = delete;
     ReportCapture& operator=(const ReportCapture&) = delete;
@@ -22,20 +25,33 @@ public:
         Reports::open([](std::string_view) {});
     }
 
-    /** Everything reported so far. Not while another thread reports. */
+    /** Everything reported so far, by any thread. */
     std::string text() const {
         Reports::flush();
+        const std::scoped_lock lock(mutex);
         return gathered;
     }
 
     void clear() {
         Reports::flush();
+        const std::scoped_lock lock(mutex);
         gathered.clear();
     }
 
     bool contains(std::string_view piece) const { return text().find(piece) != std::string::npos; }
 
+    /** How often `piece` has been reported. */
+    std::size_t count(std::string_view piece) const {
+        const std::string all = text();
+        std::size_t found = 0;
+        for (std::size_t at = 0; (at = all.find(piece, at)) != std::string::npos; at += piece.size()) {
+            ++found;
+        }
+        return found;
+    }
+
 private:
+    mutable std::mutex mutex;
     std::string gathered;
 };
 

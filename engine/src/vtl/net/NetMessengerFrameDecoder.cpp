@@ -20,7 +20,7 @@ NetMessengerFrameDecoder::~NetMessengerFrameDecoder() {
 }
 
 std::span<std::byte> NetMessengerFrameDecoder::space() {
-    if (outOfMemory) {
+    if (outOfMemory || buffer == nullptr) {
         return {};
     }
     if (!isReceivingBlock()) {
@@ -31,6 +31,13 @@ std::span<std::byte> NetMessengerFrameDecoder::space() {
     }
     const std::size_t usable = std::min<std::size_t>(blockCapacity, currentLength);
     return {block + blockReceived, usable - blockReceived};
+}
+
+void NetMessengerFrameDecoder::releaseMemory() {
+    buffer.reset();
+    std::free(block);
+    block = nullptr;
+    blockCapacity = 0;
 }
 
 void NetMessengerFrameDecoder::moveRestToFront() {

@@ -30,7 +30,8 @@ public:
     NetMessengerFrameDecoder& operator=(const NetMessengerFrameDecoder&) = delete;
     ~NetMessengerFrameDecoder();
 
-    /** Where the next received bytes belong; empty only when memory for a body can't be had. */
+    /** Where the next received bytes belong; empty when memory for a body can't be had, or has been released.
+     */
     std::span<std::byte> space();
 
     /**
@@ -46,6 +47,9 @@ public:
             cutFrames(onFrame);
         }
     }
+
+    /** Gives all memory back, an unfinished body included; nothing can be received any more. */
+    void releaseMemory();
 
     /** True between frames and within a header. */
     bool isAwaitingHeader() const { return !isReceivingBlock() && end - begin < headerSize; }

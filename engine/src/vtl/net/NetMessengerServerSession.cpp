@@ -122,6 +122,7 @@ void NetMessengerServerSession::reportReceiveError(const error_code& error) cons
 }
 
 void NetMessengerServerSession::endReading() {
+    decoder.releaseMemory(); // the session itself stays for its replies
     sessions.end(shared_from_this());
 }
 

@@ -60,6 +60,9 @@ std::vector<std::uint32_t> NetMessengerStreamBuffer::extractUnsigneds(std::size_
 }
 
 void NetMessengerStreamBuffer::fixFrameLength() {
+    if (cursor < headerSize) {
+        return; // the memory has no room for a header, which has been reported
+    }
     const std::uint32_t end = cursor;
     cursor = lengthOffset;
     put(end - headerSize);
