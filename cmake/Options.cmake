@@ -27,6 +27,11 @@ elseif(NOT KELDIN_SANITIZER STREQUAL "none")
   message(FATAL_ERROR "KELDIN_SANITIZER is '${KELDIN_SANITIZER}'; it must be none, address or thread")
 endif()
 
+# What the fuzzer steers by is counted in every object; only its programs link the fuzzer itself.
+if(KELDIN_FUZZ)
+  target_compile_options(keldin_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # In sanitizer builds every program links the run-time options too.
 if(NOT KELDIN_SANITIZER STREQUAL "none")
   add_library(keldin_sanitizer_defaults OBJECT "${PROJECT_SOURCE_DIR}/tools/sanitizer/SanitizerDefaults.cpp")

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <utility>
@@ -66,18 +67,6 @@ std::string findFile(const std::string& fileName,
     return {};
 }
 
-Settings readSettings(std::istream& in) {
-    Settings found;
-    for (std::string line; std::getline(in, line);) {
-        const std::size_t equals = line.find('=');
-        const bool isComment = line.starts_with('#');
-        if (!isComment && equals != std::string::npos && equals > 0) {
-            found[line.substr(0, equals)] = line.substr(equals + 1);
-        }
-    }
-    return found;
-}
-
 void readFile(const std::string& path) {
     std::ifstream in(path);
     if (path.empty() || !in.is_open()) {
@@ -85,9 +74,7 @@ void readFile(const std::string& path) {
         Pause::waitForKey();
         return;
     }
-    for (auto& [key, value] : readSettings(in)) {
-        (*settings)[key] = value;
-    }
+    ManagerEnvironmentConfiguration::populateFromText(std::string(std::istreambuf_iterator<char>(in), {}));
 }
 
 bool isSetting(const std::string& arg) {
@@ -145,6 +132,21 @@ void ManagerEnvironmentConfiguration::populateFromFile(
     }
     readFile(findFile(fileName, additionalSearchDirectories));
     Report() << toString() << "\n";
+}
+
+void ManagerEnvironmentConfiguration::populateFromText(std::string_view text) {
+    if (!isReady("populateFromText")) {
+        return;
+    }
+    while (!text.empty()) {
+        const std::string_view line = text.substr(0, text.find('\n'));
+        text.remove_prefix(std::min(line.size() + 1, text.size()));
+        const std::size_t equals = line.find('=');
+        const bool isComment = line.starts_with('#');
+        if (!isComment && equals != std::string_view::npos && equals > 0) {
+            (*settings)[std::string(line.substr(0, equals))] = line.substr(equals + 1);
+        }
+    }
 }
 
 void ManagerEnvironmentConfiguration::populateFromCommandLine(const std::vector<std::string>& args) {

@@ -19,9 +19,14 @@ public:
     static void shutdown();
 
     /**
-     * Overrides with the `key=value` lines of a file; nothing is trimmed, `#` in the first column begins a
-     * comment. The file is looked for under `fileName` as it stands, then under each directory + `fileName`.
-     * Not found, it costs one pause, and what is stored stands.
+     * Overrides with the `key=value` lines of `text`; nothing is trimmed, `#` in the first column begins a
+     * comment, and of two lines with one key the last counts.
+     */
+    static void populateFromText(std::string_view text);
+
+    /**
+     * Overrides with the lines of a file. The file is looked for under `fileName` as it stands, then under
+     * each directory + `fileName`. Not found, it costs one pause, and what is stored stands.
      */
     static void populateFromFile(const std::string& fileName,
                                  const std::vector<std::string>& additionalSearchDirectories);
