@@ -20,15 +20,16 @@ using Clock = std::chrono::steady_clock;
 /** Generous, because the sanitizers are slow; nothing waits this long when all is well. */
 constexpr std::chrono::seconds patience{60};
 
-/** Starts a program with no input; its outputs come through the pipe that is answered. */
-std::pair<pid_t, int> start(const std::vector<std::string>& command, const std::filesystem::path& directory) {
+/** Starts a program; its outputs come through the pipe that is answered. */
+std::pair<pid_t, int> start(const std::vector<std::string>& command, const std::filesystem::path& directory,
+                            int input) {
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
         throw std::runtime_error("no pipe");
     }
     const pid_t child = ::fork();
     if (child == 0) {
-        ::dup2(::open("/dev/null", O_RDONLY), STDIN_FILENO);
+        ::dup2(input, STDIN_FILENO);
         ::dup2(ends[1], STDOUT_FILENO);
         ::dup2(ends[1], STDERR_FILENO);
         std::vector<char*> words;
@@ -65,7 +66,9 @@ std::uint16_t freePort() {
 }
 
 Finished runToEnd(const std::vector<std::string>& command, const std::filesystem::path& directory) {
-    const auto [child, pipe] = start(command, directory);
+    const int ended = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    const auto [child, pipe] = start(command, directory, ended);
+    ::close(ended);
     Finished finished;
     std::array<char, 4096> piece{};
     for (ssize_t count = 0; (count = ::read(pipe, piece.data(), piece.size())) > 0;) {
@@ -79,7 +82,7 @@ Finished runToEnd(const std::vector<std::string>& command, const std::filesystem
 }
 
 ViewerProcess::ViewerProcess(const std::vector<std::string>& arguments, const std::string& configuration,
-                             const std::string& viewer)
+                             const std::string& viewer, Input input)
     : listenPort(freePort()) {
     std::string folder = std::filesystem::temp_directory_path() / "keldin_viewer_XXXXXX";
     home = std::filesystem::path(::mkdtemp(folder.data())) /
@@ -91,7 +94,15 @@ ViewerProcess::ViewerProcess(const std::vector<std::string>& arguments, const st
     std::vector<std::string> command{viewer, "{NetServerListenPort=" + std::to_string(listenPort) + "}",
                                      "{NetServerListenAddress=127.0.0.1}", "{width=64}", "{height=48}"};
     command.insert(command.end(), arguments.begin(), arguments.end());
-    std::tie(child, outputPipe) = start(command, home);
+    std::array<int, 2> inputEnds{-1, -1};
+    if (input == Input::open) {
+        static_cast<void>(::pipe2(inputEnds.data(), O_CLOEXEC) == 0);
+    } else {
+        inputEnds[0] = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    }
+    std::tie(child, outputPipe) = start(command, home, inputEnds[0]);
+    ::close(inputEnds[0]);
+    silentInput = inputEnds[1];
 }
 
 ViewerProcess::~ViewerProcess() {
@@ -100,6 +111,7 @@ ViewerProcess::~ViewerProcess() {
         ::waitpid(child, nullptr, 0);
     }
     ::close(outputPipe);
+    ::close(silentInput);
     std::filesystem::remove_all(home.parent_path());
 }
 

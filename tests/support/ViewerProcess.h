@@ -24,10 +24,13 @@ Finished runToEnd(const std::vector<std::string>& command, const std::filesystem
  */
 class ViewerProcess {
 public:
+    /** What the viewer's standard input is: at its end, or open without anything coming. */
+    enum class Input { ended, open };
+
     /** Arguments come behind those that choose the port and a small window. */
     explicit ViewerProcess(const std::vector<std::string>& arguments = {},
                            const std::string& configuration = "",
-                           const std::string& viewer = program("keldin"));
+                           const std::string& viewer = program("keldin"), Input input = Input::ended);
     ViewerProcess(const ViewerProcess&) = delete;
     ViewerProcess& operator=(const ViewerProcess&) = delete;
     ~ViewerProcess();
@@ -53,6 +56,7 @@ private:
     std::uint16_t listenPort;
     pid_t child = -1;
     int outputPipe = -1;
+    int silentInput = -1;
     std::string printed;
 };
 

@@ -147,6 +147,17 @@ TEST(ViewerLifecycleTest, WithoutAConfigurationFileAClosedInputIsTheKey) {
     EXPECT_EQ(viewer.waitForEnd(), 0);
 }
 
+TEST(ViewerLifecycleTest, AStopSignalIsAlsoTheKeyOfALaterPause) {
+    ViewerProcess viewer({"{glContextVersion=9.9}"}, "", ViewerProcess::program("keldin"),
+                         ViewerProcess::Input::open);
+    ASSERT_TRUE(viewer.waitFor("Press Enter to continue normally.\n"));
+    viewer.signal(SIGTERM); // ends this pause, and all that come before the main loop sees it
+    EXPECT_EQ(viewer.waitForEnd(), 0);
+    expectInOrder(viewer.output(),
+                  {"ERROR ManagerWindowing::init(): Failed to create OpenGL Context Window: '",
+                   "Pausing... (remove me)\n", "SDL_QUIT event received...\n", lastLine});
+}
+
 TEST(ViewerLifecycleTest, AShutdownDuringTheStartTakesEffect) {
     ViewerProcess viewer;
     ASSERT_TRUE(viewer.waitFor("NetMessengerServer - Asynchronous NetMessenger Server Running...\n"));

@@ -56,7 +56,7 @@ public:
     /** True for every text but "0". */
     static bool isNotZeroText(std::string_view key);
 
-    /** Window size in pixels as configured. */
+    /** Window size in pixels, at least 1. */
     static int getWidth();
     static int getHeight();
     static bool isFullscreen();

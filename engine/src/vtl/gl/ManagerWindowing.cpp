@@ -45,15 +45,6 @@ State state;
 std::uint32_t contextsMade = 0;
 std::int32_t loadingScreenRepeats = 600;
 
-/** Added to SDL's ticks, which begin anew with each start of SDL. */
-std::atomic<std::uint32_t> ticksBeforeSDL = 0;
-
-/** SDL's clock goes on where the clock before it stands, so that time never runs backward. */
-void useSDLClock() {
-    ticksBeforeSDL = currentTick() - SDL_GetTicks();
-    setTickSource([] { return ticksBeforeSDL.load(std::memory_order_relaxed) + SDL_GetTicks(); });
-}
-
 void startSDL() {
     // The shell has handlers of its own.
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
@@ -63,7 +54,7 @@ void startSDL() {
         Report() << "Initialized SDL...\n";
     }
     state.isStarted = true;
-    useSDLClock();
+    setTickSource([] { return SDL_GetTicks(); });
 }
 
 void readConfiguredSize() {
@@ -320,7 +311,6 @@ void ManagerWindowing::shutdown() {
         SDL_DestroyWindow(state.window);
     }
     state = State{};
-    // After its end SDL would count from 0 again; the clock that it stood in for has gone on.
     setTickSource(nullptr);
     SDL_Quit();
 }

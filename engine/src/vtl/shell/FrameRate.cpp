@@ -1,6 +1,7 @@
 #include "vtl/shell/FrameRate.h"
 
 #include "vtl/base/ManagerSDLTime.h"
+#include "vtl/base/TickSource.h"
 
 #include <SDL.h>
 #include <utility>
@@ -8,13 +9,13 @@
 namespace Vantrel {
 
 void FrameRate::startFrame() {
-    frameStart = SDL_GetTicks();
+    frameStart = currentTick();
 }
 
 bool FrameRate::endFrame() {
     constexpr std::uint32_t almostASecondMs = 999;
     ++frames;
-    frameEnd = SDL_GetTicks();
+    frameEnd = currentTick();
     frameMs = frameEnd - frameStart;
     accumMs += frameMs;
     if (accumMs <= almostASecondMs) {
@@ -32,7 +33,7 @@ void FrameRate::pace() {
     const std::uint32_t restMs = minMs - frameMs;
     SDL_Delay(restMs);
     ManagerSDLTime::totals().sleptMs += static_cast<std::int32_t>(restMs);
-    accumMs += SDL_GetTicks() - frameEnd;
+    accumMs += currentTick() - frameEnd;
 }
 
 } // namespace Vantrel

@@ -15,11 +15,11 @@
 #include "vtl/scene/object/WO.h"
 #include "vtl/scene/object/WorldContainer.h"
 #include "vtl/shell/FrameRate.h"
+#include "vtl/shell/GeospatialDrivers.h"
 #include "vtl/shell/ManagerGLView.h"
 #include "vtl/shell/StopRequests.h"
 
 #include <array>
-#include <gdal.h>
 #include <utility>
 
 namespace Vantrel {
@@ -111,7 +111,7 @@ GLView::GLView(std::vector<std::string> commandLine) : args(std::move(commandLin
 }
 
 GLView::~GLView() {
-    drawLoadingScreen();
+    ManagerWindowing::drawLoadingScreen();
     renderer.reset();
     cam.reset();
     destroyWorld();
@@ -142,6 +142,7 @@ void GLView::setCameraType(int type) {
     const Vector position = cam->getPosition();
     const Vector lookDirection = cam->getLookDirection();
     cam->detachCameraFromWO();
+    cam.reset();
     cam = makeCamera(type, this, &mouseHandler);
     cam->setPosition(position);
     cam->setCameraLookDirection(lookDirection);
@@ -197,7 +198,7 @@ void GLView::initWindow() {
     ManagerOpenGLState::init();
     reportStep("Initialized ManagerOpenGLState...");
     checkGLError(afterState);
-    drawLoadingScreen();
+    ManagerWindowing::drawLoadingScreen();
     checkGLError(afterLoadingScreen);
     reportStep("Finished Drawing ManagerWindows::drawLoadingScreen()...");
 }
@@ -217,15 +218,11 @@ void GLView::initWorld() {
     reportStep("Returned from module's loadMap()...");
     reportStep("All models in worldLst are non nullptr...");
     reportStep("Initialized ODE Physics Engine Instance...");
-    GDALAllRegister();
+    registerGeospatialDrivers();
     ManagerSDLTime::init();
     reportStep("Initialized ManagerSDLTime...");
     reportStep("Completed WO initCallbacks...");
     checkGLError(afterWorld);
-}
-
-void GLView::drawLoadingScreen() {
-    ManagerWindowing::drawLoadingScreen();
 }
 
 LoopCode GLView::run() {
@@ -295,13 +292,8 @@ LoopCode GLView::loopCodeAfterFrame() const {
 void GLView::updateWorld() {
     ManagerSDLTime::stepFrameClock();
     updateWorldObjects();
-    for (std::size_t i = 0; i < worldLst->size(); ++i) {
-        WO* const object = worldLst->at(i);
-        ManagerSDLTime::startStopwatch(Stopwatch::objectOnUpdate);
-        object->onUpdate();
-        ManagerSDLTime::timesOf(*object).onUpdateMs +=
-            ManagerSDLTime::readStopwatch(Stopwatch::objectOnUpdate);
-    }
+    worldLst->forEachTimed(Stopwatch::objectOnUpdate, &ObjectTimes::onUpdateMs,
+                           [](WO& object) { object.onUpdate(); });
     if (netServer != nullptr) {
         netServer->update();
     }
@@ -309,12 +301,8 @@ void GLView::updateWorld() {
 
 void GLView::updateWorldObjects() {
     ManagerSDLTime::stepSimClock();
-    for (std::size_t i = 0; i < worldLst->size(); ++i) {
-        WO* const object = worldLst->at(i);
-        ManagerSDLTime::startStopwatch(Stopwatch::object);
-        object->updateGL();
-        ManagerSDLTime::timesOf(*object).glUpdateMs += ManagerSDLTime::readStopwatch(Stopwatch::object);
-    }
+    worldLst->forEachTimed(Stopwatch::object, &ObjectTimes::glUpdateMs,
+                           [](WO& object) { object.updateGL(); });
 }
 
 void GLView::destroyWorld() {

@@ -100,7 +100,6 @@ private:
     void initWindow();
     void initDrawing();
     void initWorld();
-    void drawLoadingScreen();
 
     LoopCode handleEvents();
     void renderWorld();

@@ -1,6 +1,5 @@
 #include "vtl/scene/object/WorldContainer.h"
 
-#include "vtl/base/ManagerSDLTime.h"
 #include "vtl/gl/GLError.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/scene/object/WO.h"
@@ -21,14 +20,24 @@ bool WorldContainer::eraseViaWO(WO* object) {
 void WorldContainer::render(Camera* camera) {
     for (std::size_t i = 0; i < woList.size(); ++i) {
         WO* const object = woList[i];
+        ManagerSDLTime::startStopwatch(Stopwatch::object);
         ManagerOpenGLState::restorePerObjectState();
+        ManagerSDLTime::totals().preservingStateMs += ManagerSDLTime::readStopwatch(Stopwatch::object);
+
         ManagerSDLTime::startStopwatch(Stopwatch::object);
         object->render(camera);
-        ObjectTimes& times = ManagerSDLTime::timesOf(*object);
+        ObjectTimes& times = timesOf(*object);
         times.renderMs += ManagerSDLTime::readStopwatch(Stopwatch::object);
         ++times.renderCount;
+
+        ManagerSDLTime::startStopwatch(Stopwatch::object);
         checkGLError(static_cast<std::int32_t>(i), object);
+        ManagerSDLTime::totals().errorsMs += ManagerSDLTime::readStopwatch(Stopwatch::object);
     }
+}
+
+ObjectTimes& WorldContainer::timesOf(const WO& object) {
+    return ManagerSDLTime::timesOf(object);
 }
 
 bool WorldContainer::contains(const WO* object) const {
