@@ -1,14 +1,11 @@
 #include "tests/support/ViewerProcess.h"
 
-#include <arpa/inet.h>
 #include <array>
 #include <csignal>
 #include <fcntl.h>
 #include <fstream>
-#include <netinet/in.h>
 #include <poll.h>
 #include <stdexcept>
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -52,18 +49,6 @@ int exitCodeOf(int status) {
 }
 
 } // namespace
-
-std::uint16_t freePort() {
-    const int probe = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof(address);
-    ::bind(probe, reinterpret_cast<sockaddr*>(&address), size);
-    ::getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size);
-    ::close(probe);
-    return ntohs(address.sin_port);
-}
 
 Finished runToEnd(const std::vector<std::string>& command, const std::filesystem::path& directory) {
     const int ended = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
@@ -148,6 +133,19 @@ int ViewerProcess::waitForEnd() {
     int status = 0;
     if (Clock::now() >= deadline || ::waitpid(child, &status, 0) != child) {
         return -1;
+    }
+    child = -1;
+    return exitCodeOf(status);
+}
+
+int ViewerProcess::waitForEndUnread() {
+    const auto deadline = Clock::now() + patience;
+    int status = 0;
+    while (::waitpid(child, &status, WNOHANG) != child) {
+        if (Clock::now() > deadline) {
+            return -1;
+        }
+        ::usleep(10'000);
     }
     child = -1;
     return exitCodeOf(status);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/FreePort.h"
+
 #include <chrono>
 #include <filesystem>
 #include <string>
@@ -7,9 +9,6 @@
 #include <vector>
 
 namespace Vantrel::Tests {
-
-/** A port of this machine that nobody listens on. */
-std::uint16_t freePort();
 
 /** Runs a program to its end with no input; answers its exit code and what it printed on both outputs. */
 struct Finished {
@@ -44,6 +43,8 @@ public:
     bool waitFor(const std::string& text);
     /** Waits for the viewer to end by itself; its exit code, -1 when it doesn't. */
     int waitForEnd();
+    /** The same without reading what the viewer prints. */
+    int waitForEndUnread();
     void signal(int number) const;
 
     /** Path of a program of this build. */

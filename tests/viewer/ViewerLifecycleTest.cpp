@@ -158,6 +158,20 @@ TEST(ViewerLifecycleTest, AStopSignalIsAlsoTheKeyOfALaterPause) {
                    "Pausing... (remove me)\n", "SDL_QUIT event received...\n", lastLine});
 }
 
+TEST(ViewerLifecycleTest, AnOutputThatNobodyReadsDoesNotKeepItFromStopping) {
+    ViewerProcess viewer;
+    ASSERT_TRUE(viewer.waitFor(ready));
+    Connection tool = connectTo(viewer);
+    constexpr std::size_t bodySize = 0x30000; // its dump is more than a pipe holds
+    std::vector<std::byte> frameOfNoClass(8 + bodySize);
+    frameOfNoClass[0] = std::byte{0xFF};
+    frameOfNoClass[5] = static_cast<std::byte>(bodySize >> 16U);
+    tool.send(frameOfNoClass);
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    viewer.signal(SIGTERM);
+    EXPECT_EQ(viewer.waitForEndUnread(), 0);
+}
+
 TEST(ViewerLifecycleTest, AShutdownDuringTheStartTakesEffect) {
     ViewerProcess viewer;
     ASSERT_TRUE(viewer.waitFor("NetMessengerServer - Asynchronous NetMessenger Server Running...\n"));

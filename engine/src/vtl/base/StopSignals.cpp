@@ -29,6 +29,10 @@ bool StopSignals::take() {
     return signalled.exchange(false);
 }
 
+bool StopSignals::isPending() {
+    return signalled;
+}
+
 bool StopSignals::waitForInput(int descriptor) {
     sigset_t stopping;
     ::sigemptyset(&stopping);

@@ -9,6 +9,8 @@ public:
     static void install();
     /** True once for any number of signals since the last call. */
     static bool take();
+    /** True when one has come that nobody has taken yet. Any thread. */
+    static bool isPending();
     /** Waits until a file descriptor has something to read, or its end. False when a signal has come instead.
      */
     static bool waitForInput(int descriptor);

@@ -95,6 +95,8 @@ private:
 /** The `New` of every message class: builds one from its body, null when the body is refused. */
 template <class Message>
 std::unique_ptr<NetMsg> newNetMsg(NetMessengerStreamBuffer& body) {
+    static_assert(alignof(Message) <= alignof(std::max_align_t),
+                  "the memory of messages is aligned for no more");
     auto message = std::make_unique<Message>();
     if (!message->Message::fromStream(body)) {
         return nullptr;

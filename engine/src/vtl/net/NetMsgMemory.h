@@ -25,9 +25,8 @@ public:
     static void release(void* memory, std::size_t size) noexcept;
 
 private:
-    /** Larger messages are rare and go to the general allocator, as all do where a sanitizer watches over it.
-     */
-#if defined(KELDIN_SANITIZED)
+    /** Larger messages go to the general allocator, as all do where the address sanitizer watches over it. */
+#if defined(KELDIN_ADDRESS_SANITIZED)
     static constexpr std::size_t largestInBlock = 0;
 #else
     static constexpr std::size_t largestInBlock = 1024;
