@@ -142,7 +142,7 @@ TEST_F(ManagerSerializableNetMsgMapTest, HoldsManyClasses) {
     for (const std::string& name : names) {
         EXPECT_EQ(madeFrom(netMsgIDOf(name), {}), textOf("NetMsg")) << name;
     }
-    EXPECT_EQ(madeFrom(netMsgIDOf("NetMsgShutdownInstance"), {}), textOf("NetMsgShutdownInstance"));
+    EXPECT_EQ(madeFrom(1, WireBytes().text("NetMsgShutdownInstance")), textOf("NetMsgShutdownInstance"));
 }
 
 /** Writes a message as a whole frame, which must be `expected`, and reads it again. */
