@@ -24,7 +24,7 @@ using asio::ip::tcp;
 namespace Vantrel {
 namespace {
 
-constexpr std::uint32_t smallFrames = 40'000'000;
+constexpr std::uint32_t smallFrames = 20'000'000;
 constexpr std::uint32_t framesPerSend = 5000;
 constexpr std::size_t largeFloats = 1'200'000; // 4.8 MB
 constexpr int largeBodies = 20;

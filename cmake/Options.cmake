@@ -7,6 +7,8 @@ target_compile_options(keldin_options INTERFACE
   -Wcast-align -Wformat=2 -Wimplicit-fallthrough -Werror)
 
 # Function-local magic: the linker drops what no program uses.
+target_compile_definitions(keldin_options INTERFACE $<$<NOT:$<STREQUAL:${KELDIN_SANITIZER},none>>:KELDIN_SANITIZED>
+  $<$<STREQUAL:${KELDIN_SANITIZER},address>:KELDIN_ADDRESS_SANITIZED>)
 target_compile_options(keldin_options INTERFACE -ffunction-sections -fdata-sections)
 target_link_options(keldin_options INTERFACE -Wl,--gc-sections)
 

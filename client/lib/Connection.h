@@ -15,8 +15,8 @@ namespace Vantrel {
 class NetMsg;
 
 /**
- * The tool's end of a connection to a viewer. Every operation ends within its time; failures throw
- * std::runtime_error in words for a person.
+ * The tool's end of a connection to a viewer. Every operation ends within its time, but for the look-up of a
+ * host's name; failures throw std::runtime_error in words for a person.
  */
 class Connection {
 public:

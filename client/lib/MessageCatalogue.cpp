@@ -35,7 +35,9 @@ private:
 
 template <class Number>
 void readText(std::string_view name, const std::string& text, Number& value) {
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool hasPlus = text.starts_with('+'); // which from_chars doesn't know
+    const auto [end, error] =
+        std::from_chars(text.data() + (hasPlus ? 1 : 0), text.data() + text.size(), value);
     if (error != std::errc{} || end != text.data() + text.size()) {
         throw std::invalid_argument("'" + text + "' is no " + std::string(typeName(value)) + " for field '" +
                                     std::string(name) + "'");

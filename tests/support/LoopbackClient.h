@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/FreePort.h"
+
 #include <arpa/inet.h>
 #include <cstddef>
 #include <cstdint>
@@ -48,17 +50,6 @@ private:
         return operation(fd, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
     }
 };
-
-/** A number that is free as a TCP port and as a UDP port. */
-inline std::uint16_t freePort() {
-    for (;;) {
-        const LoopbackSocket tcp(SOCK_STREAM);
-        const LoopbackSocket udp(SOCK_DGRAM);
-        if (tcp.bind(0) && udp.bind(tcp.port())) {
-            return tcp.port();
-        }
-    }
-}
 
 /** The TCP peer of a server on this host; every operation blocks, a receive for 20 seconds at most. */
 class LoopbackClient {

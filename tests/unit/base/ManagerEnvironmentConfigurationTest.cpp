@@ -77,6 +77,17 @@ TEST_F(ManagerEnvironmentConfigurationTest, MissingFileCostsOnePauseAndTheDefaul
     EXPECT_EQ(Configuration::getWidth(), 800);
 }
 
+TEST_F(ManagerEnvironmentConfigurationTest, APathThatCannotBeReadIsNotFound) {
+    std::filesystem::create_symlink("loop", "loop");
+    std::filesystem::create_directory("folder");
+    for (const std::string& path : {std::string("loop"), std::string("folder"), std::string(300, 'x')}) {
+        Configuration::populateFromFile(path, {});
+    }
+    EXPECT_EQ(keys.count(), 3);
+    Configuration::populateFromFile("/dev/null", {}); // no settings, but a file
+    EXPECT_EQ(keys.count(), 3);
+}
+
 TEST_F(ManagerEnvironmentConfigurationTest, RefusesWhatIsNotOneKeyAndOneValue) {
     const std::string longArgument = "{" + std::string(1'000'000, 'x') + "=1}";
     Configuration::populateFromCommandLine(
@@ -100,9 +111,9 @@ struct Reading {
 TEST_F(ManagerEnvironmentConfigurationTest, ReadsNumbersFromTheirStart) {
     for (const Reading& row : {
              Reading{"width=800x\nfullscreen=true\nminmillisecperframe=-16", 800, false, 16},
-             Reading{"width=abc\nfullscreen=1\nminmillisecperframe=0", 0, true, 0},
-             Reading{"width= -7\nfullscreen=0\nminmillisecperframe=-2147483648", -7, false, 2147483648U},
-             Reading{"width=99999999999\nfullscreen=\nminmillisecperframe=", 0, false, 0},
+             Reading{"width=abc\nfullscreen=1\nminmillisecperframe=0", 1, true, 0},
+             Reading{"width= -7\nfullscreen=0\nminmillisecperframe=-2147483648", 1, false, 2147483648U},
+             Reading{"width=99999999999\nfullscreen=\nminmillisecperframe=", 1, false, 0},
          }) {
         readFile(row.line);
         EXPECT_EQ(Configuration::getWidth(), row.width) << row.line;

@@ -133,15 +133,18 @@ TEST_F(ManagerSerializableNetMsgMapTest, ShutsDownAndFillsAgain) {
     EXPECT_EQ(reports.text(), "");
 }
 
-TEST_F(ManagerSerializableNetMsgMapTest, HoldsManyClasses) {
+TEST_F(ManagerSerializableNetMsgMapTest, HoldsManyClassesAndRefusesTooMany) {
     static std::vector<std::string> names(300); // they live as long as the registry
     for (std::size_t i = 0; i < names.size(); ++i) {
         names[i] = std::to_string(i) + "th class";
         Registry::registerNetMsgType(names[i], &newNetMsg<NetMsg>);
     }
-    for (const std::string& name : names) {
-        EXPECT_EQ(madeFrom(netMsgIDOf(name), {}), textOf("NetMsg")) << name;
+    for (std::size_t i = 0; i < 200; ++i) {
+        EXPECT_EQ(madeFrom(netMsgIDOf(names[i]), {}), textOf("NetMsg")) << names[i];
     }
+    EXPECT_EQ(madeFrom(netMsgIDOf(names.back()), {}), "none");
+    EXPECT_TRUE(reports.contains("ERROR: Failed to creating mapping from '" +
+                                 std::to_string(netMsgIDOf(names.back())) + "' to function pointer at '"));
     EXPECT_EQ(madeFrom(1, WireBytes().text("NetMsgShutdownInstance")), textOf("NetMsgShutdownInstance"));
 }
 

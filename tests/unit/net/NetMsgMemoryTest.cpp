@@ -42,7 +42,9 @@ TEST(NetMsgMemoryTest, PiecesStayApartWhicheverThreadReleasesThem) {
             std::swap(held.back(), held[random.index(0, held.size() - 1)]);
             const auto [memory, size, mark] = held.back();
             damaged += std::count(memory, memory + size, mark) == static_cast<std::ptrdiff_t>(size) ? 0U : 1U;
-            damaged += reinterpret_cast<std::uintptr_t>(memory) % alignof(std::max_align_t) == 0 ? 0U : 1U;
+            const std::size_t alignment =
+                size % 16 == 0 ? 16 : 8; // more than an object of this size can need
+            damaged += reinterpret_cast<std::uintptr_t>(memory) % alignment == 0 ? 0U : 1U;
             NetMsgMemory::release(memory, size);
         }
     }

@@ -45,36 +45,42 @@ constexpr std::array<std::pair<const char*, const char*>, 19> defaultSettings{{
 
 std::unique_ptr<Settings> settings;
 
-bool isOpenable(const std::string& path) {
-    return std::filesystem::is_regular_file(std::filesystem::status(path)) && std::ifstream(path).is_open();
+/** A directory opens like a file, and reads as nothing. */
+bool isOpen(const std::ifstream& file, const std::string& path) {
+    std::error_code ignored;
+    return file.is_open() && !std::filesystem::is_directory(path, ignored);
 }
 
-/** The path of the file, empty when no place has one. */
-std::string findFile(const std::string& fileName,
-                     const std::vector<std::string>& additionalSearchDirectories) {
-    if (isOpenable(fileName)) {
+struct FoundFile {
+    std::string path;
+    std::ifstream content;
+};
+
+/** The first file that opens; without a path when no place has one. */
+FoundFile findFile(const std::string& fileName, const std::vector<std::string>& additionalSearchDirectories) {
+    if (std::ifstream file(fileName); isOpen(file, fileName)) {
         Report() << "Found Config file \"" << fileName << "\" without additional search directories...\n";
-        return fileName;
+        return {fileName, std::move(file)};
     }
     for (const std::string& directory : additionalSearchDirectories) {
         const std::string path = directory + fileName;
-        if (isOpenable(path)) {
+        if (std::ifstream file(path); isOpen(file, path)) {
             Report() << "Found Config file \"" << path << "\" located in additional search directory \""
                      << directory << "\"...\n";
-            return path;
+            return {path, std::move(file)};
         }
     }
     return {};
 }
 
-void readFile(const std::string& path) {
-    std::ifstream in(path);
-    if (path.empty() || !in.is_open()) {
-        Report() << path << " not found! Not populating from file.\nPress Enter to continue normally.\n";
+void readFile(FoundFile file) {
+    if (file.path.empty()) {
+        Report() << file.path << " not found! Not populating from file.\nPress Enter to continue normally.\n";
         Pause::waitForKey();
         return;
     }
-    ManagerEnvironmentConfiguration::populateFromText(std::string(std::istreambuf_iterator<char>(in), {}));
+    ManagerEnvironmentConfiguration::populateFromText(
+        std::string(std::istreambuf_iterator<char>(file.content), {}));
 }
 
 bool isSetting(const std::string& arg) {
@@ -164,6 +170,19 @@ void ManagerEnvironmentConfiguration::populateFromCommandLine(const std::vector<
     Report() << toString() << "\n";
 }
 
+std::string ManagerEnvironmentConfiguration::getCommandLineValue(const std::vector<std::string>& args,
+                                                                 std::string_view key) {
+    std::string value;
+    for (const std::string& arg : args) {
+        const std::vector<std::string> pieces =
+            isSetting(arg) ? splitSetting(arg) : std::vector<std::string>{};
+        if (pieces.size() == 2 && pieces[0] == key) {
+            value = pieces[1];
+        }
+    }
+    return value;
+}
+
 std::string ManagerEnvironmentConfiguration::toString() {
     ReportText text;
     if (isReady("toString")) {
@@ -206,11 +225,11 @@ bool ManagerEnvironmentConfiguration::isNotZeroText(std::string_view key) {
 }
 
 int ManagerEnvironmentConfiguration::getWidth() {
-    return getInt("width");
+    return std::max(getInt("width"), 1);
 }
 
 int ManagerEnvironmentConfiguration::getHeight() {
-    return getInt("height");
+    return std::max(getInt("height"), 1);
 }
 
 bool ManagerEnvironmentConfiguration::isFullscreen() {

@@ -34,6 +34,10 @@ public:
     /** Overrides with the arguments of the form `{key=value}`; others are passed over. */
     static void populateFromCommandLine(const std::vector<std::string>& args);
 
+    /** The value that the arguments give a key by `{key=value}`, without storing it; empty when they give
+     * none. */
+    static std::string getCommandLineValue(const std::vector<std::string>& args, std::string_view key);
+
     /** One line an entry, in the order of the keys: `'key' = 'value'`. */
     static std::string toString();
 
@@ -52,7 +56,7 @@ public:
     /** True for every text but "0". */
     static bool isNotZeroText(std::string_view key);
 
-    /** Window size in pixels as configured. */
+    /** Window size in pixels, at least 1. */
     static int getWidth();
     static int getHeight();
     static bool isFullscreen();

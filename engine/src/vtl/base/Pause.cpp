@@ -1,6 +1,7 @@
 #include "vtl/base/Pause.h"
 
 #include "vtl/base/Report.h"
+#include "vtl/base/StopSignals.h"
 
 #include <cstdlib>
 #include <unistd.h>
@@ -10,8 +11,10 @@ namespace {
 
 void readKey() {
     char key = 0;
-    // Any answer is the key: a character, the end of the input, or a signal that interrupts the wait.
-    [[maybe_unused]] const ssize_t answer = ::read(STDIN_FILENO, &key, 1);
+    if (StopSignals::waitForInput(STDIN_FILENO)) {
+        [[maybe_unused]] const ssize_t answer =
+            ::read(STDIN_FILENO, &key, 1); // the end of the input will do as well
+    }
 }
 
 Pause::KeySource keySource = readKey;

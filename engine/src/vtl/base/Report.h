@@ -97,12 +97,21 @@ public:
     /** Takes the gathered bytes; runs with the lock of the reports held. */
     using Writer = std::function<void(std::string_view)>;
 
-    /** Sends reports to standard output. An output that can't be written to loses them, and nothing else. */
+    /**
+     * Sends reports to standard output. An output that can't be written to loses them, and nothing else; one
+     * that nobody reads holds the reporting thread up until a stop signal comes.
+     */
     static void open();
     /** Sends reports to `writer`; what was held back goes there with the first flush. */
     static void open(Writer writer);
     /** Appends `text` in one piece. */
     static void write(std::string_view text);
+    /**
+     * Appends what `produce` hands piece by piece to the function that it is given, as one report that need
+     * not stand in memory as a whole. `produce` runs with the lock of the reports held, and must not report
+     * itself.
+     */
+    static void writeInPieces(const std::function<void(const Writer&)>& produce);
     /** Hands everything gathered to the writer; does nothing before `open`. */
     static void flush();
     /** True once reports have somewhere to go. */

@@ -67,8 +67,10 @@ NetMessengerServer::~NetMessengerServer() {
 }
 
 void NetMessengerServer::update() {
-    processMessages();
-    onMessagesProcessed();
+    if (listener != nullptr) {
+        processMessages();
+        onMessagesProcessed();
+    }
 }
 
 void NetMessengerServer::start() {

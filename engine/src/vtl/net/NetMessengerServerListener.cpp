@@ -53,7 +53,8 @@ void NetMessengerServerListener::listenOnTCP(const tcp::endpoint& endpoint) {
 
 void NetMessengerServerListener::listenOnUDP(const udp::endpoint& endpoint) {
     try {
-        udpConnection = std::make_unique<NetMessengerServerUDPConn>(ioService, endpoint, inboundQueue);
+        udpConnection =
+            std::make_unique<NetMessengerServerUDPConn>(ioService, endpoint, sessions, inboundQueue);
         udpConnection->start();
         reportListening("UDP", udpConnection->localEndpoint());
     } catch (const std::exception& failure) {
@@ -78,9 +79,13 @@ void NetMessengerServerListener::onAccepted(const error_code& error, tcp::socket
     if (error) {
         return;
     }
-    auto session = std::make_shared<NetMessengerServerSession>(std::move(socket), sessions, inboundQueue);
-    sessions.add(session);
-    session->start();
+    try {
+        auto session = std::make_shared<NetMessengerServerSession>(std::move(socket), sessions, inboundQueue);
+        sessions.add(session);
+        session->start();
+    } catch (const std::exception& failure) {
+        Report() << "Exception: " << failure.what() << "\n";
+    }
     accept();
 }
 

@@ -1,7 +1,7 @@
 #include "vtl/net/NetMessengerServerSession.h"
 
 #include "vtl/base/Report.h"
-#include "vtl/net/ManagerSerializableNetMsgMap.h"
+#include "vtl/net/FrameReading.h"
 #include "vtl/net/NetMessengerSessionContainer.h"
 #include "vtl/net/NetMsg.h"
 
@@ -16,11 +16,8 @@ namespace {
 
 using boost::system::error_code;
 
-/** What a message costs beyond its body, so that a flood of empty ones is bounded too. */
-constexpr std::size_t bytesPerMessage = 64;
-
 /** Unsent replies of one session beyond which no more of its requests are read. */
-constexpr std::size_t outgoingBytesAtMost = 16 * 1024 * 1024;
+constexpr std::size_t unsentBytesAtMost = 16 * 1024 * 1024;
 
 } // namespace
 
@@ -45,10 +42,13 @@ void NetMessengerServerSession::close() {
 void NetMessengerServerSession::sendMsg(const NetMsg& message) {
     NetMessengerStreamBuffer buffer;
     message.toStream(buffer);
-    boost::asio::post(socket.get_executor(),
-                      [self = shared_from_this(), frame = buffer.releaseFrame()]() mutable {
-                          self->send(std::move(frame));
-                      });
+    const std::span<const std::byte> frame = buffer.bytes();
+    const std::scoped_lock lock(outgoingMutex);
+    outgoing.insert(outgoing.end(), frame.begin(), frame.end());
+    if (!isWriting) {
+        isWriting = true;
+        boost::asio::post(socket.get_executor(), [self = shared_from_this()] { self->writeOutgoing(); });
+    }
 }
 
 void NetMessengerServerSession::readMore() {
@@ -74,36 +74,40 @@ void NetMessengerServerSession::onReceived(const error_code& error, std::size_t 
         endReading();
         return;
     }
+    try {
+        cutFrames(count);
+        goOn(deliver());
+    } catch (const std::exception& failure) {
+        // Without memory the stream's place in its frames is lost.
+        Report() << "Exception: " << failure.what() << "\n";
+        endReading();
+    }
+}
+
+void NetMessengerServerSession::cutFrames(std::size_t count) {
     constexpr std::size_t likelyFrameSize = 16;
     arrived.messages.reserve(std::min(count, NetMessengerFrameDecoder::bufferSize) / likelyFrameSize + 1);
     decoder.received(count, [this](std::uint32_t id, std::span<std::byte> body) { onRecvBody(id, body); });
-    if (!deliver()) {
-        sessions.waitForDrain(shared_from_this());
-    } else if (outgoingBytes > outgoingBytesAtMost) {
-        waitsForPeer = true;
-    } else {
-        readMore();
-    }
 }
 
 void NetMessengerServerSession::onRecvBody(std::uint32_t messageID, std::span<std::byte> body) {
     NetMessengerStreamBuffer stream(body);
-    std::unique_ptr<NetMsg> message;
-    try {
-        message = ManagerSerializableNetMsgMap::createInstance(messageID, stream);
-    } catch (const std::exception& failure) {
-        Report() << "Exception: " << failure.what() << "\n";
+    std::unique_ptr<NetMsg> message = readFrameBody("NetMessengerServerSession", messageID, stream);
+    if (message != nullptr) {
+        message->setSession(this);
+        arrived.messages.push_back(std::move(message));
+        arrived.bytes += body.size() + queuedBytesPerMessage;
     }
-    if (message == nullptr) {
-        Report()
-            << "NetMessengerServerSession::onRecvBody()... Received bad header info... Server state may be "
-               "corrupt...\n"
-            << "received byte data is: " << stream.toString() << "\n";
-        return;
+}
+
+void NetMessengerServerSession::goOn(bool queueHasRoom) {
+    if (!queueHasRoom) {
+        sessions.waitForDrain([self = shared_from_this()] { self->readMore(); });
+    } else if (unsentBytes() > unsentBytesAtMost) {
+        waitsForPeer = true;
+    } else {
+        readMore();
     }
-    message->setSession(this);
-    arrived.messages.push_back(std::move(message));
-    arrived.bytes += body.size() + bytesPerMessage;
 }
 
 /** Puts the messages of one read into the queue together; false when the queue is over its limit. */
@@ -126,35 +130,35 @@ void NetMessengerServerSession::endReading() {
     sessions.end(shared_from_this());
 }
 
-void NetMessengerServerSession::send(NetMessengerFrame frame) {
-    outgoingBytes += frame.size;
-    outgoing.push_back(std::move(frame));
-    if (outgoing.size() == 1) {
-        writeNext();
+std::size_t NetMessengerServerSession::unsentBytes() {
+    const std::scoped_lock lock(outgoingMutex);
+    return outgoing.size();
+}
+
+void NetMessengerServerSession::writeOutgoing() {
+    inFlight.clear();
+    {
+        const std::scoped_lock lock(outgoingMutex);
+        inFlight.swap(outgoing);
+        isWriting = !inFlight.empty();
+    }
+    if (!inFlight.empty()) {
+        boost::asio::async_write(socket, boost::asio::buffer(inFlight),
+                                 [self = shared_from_this()](const error_code& error, std::size_t /*count*/) {
+                                     self->onSendMsg(error);
+                                 });
     }
 }
 
-void NetMessengerServerSession::writeNext() {
-    const NetMessengerFrame& frame = outgoing.front();
-    boost::asio::async_write(socket, boost::asio::buffer(frame.bytes.get(), frame.size),
-                             [self = shared_from_this()](const error_code& error, std::size_t /*count*/) {
-                                 self->onSendMsg(error);
-                             });
-}
-
 void NetMessengerServerSession::onSendMsg(const error_code& error) {
-    outgoingBytes -= outgoing.front().size;
-    outgoing.pop_front();
     if (error) {
         Report() << "ERROR: NetMessengerServerSession::onSendMsg(...): "
                  << "NetMessengerServerSession:191"
                  << "\n"
                  << "   " << error.category().name() << ": " << error.value() << "\n";
     }
-    if (!outgoing.empty()) {
-        writeNext();
-    }
-    if (waitsForPeer && outgoingBytes <= outgoingBytesAtMost) {
+    writeOutgoing();
+    if (waitsForPeer && unsentBytes() <= unsentBytesAtMost) {
         waitsForPeer = false;
         readMore();
     }

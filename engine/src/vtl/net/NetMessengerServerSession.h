@@ -6,8 +6,8 @@
 
 #include <boost/asio/ip/tcp.hpp>
 #include <cstddef>
-#include <deque>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace Vantrel {
@@ -28,8 +28,6 @@ public:
 
     /** Begins to read. */
     void start();
-    /** Reads on after a stop for a full queue. */
-    void resume() { readMore(); }
     /** Closes the socket; what is still to be sent is lost. */
     void close();
 
@@ -40,13 +38,15 @@ public:
 private:
     void readMore();
     void onReceived(const boost::system::error_code& error, std::size_t count);
+    void cutFrames(std::size_t count);
     void onRecvBody(std::uint32_t messageID, std::span<std::byte> body);
     bool deliver();
+    void goOn(bool queueHasRoom);
     void reportReceiveError(const boost::system::error_code& error) const;
     void endReading();
 
-    void send(NetMessengerFrame frame);
-    void writeNext();
+    std::size_t unsentBytes();
+    void writeOutgoing();
     void onSendMsg(const boost::system::error_code& error);
 
     boost::asio::ip::tcp::socket socket;
@@ -57,8 +57,13 @@ private:
     /** Messages of the read at hand, not yet in the queue. */
     ArrivedMessages arrived;
 
-    std::deque<NetMessengerFrame> outgoing;
-    std::size_t outgoingBytes = 0;
+    std::mutex outgoingMutex;
+    /** Finished frames that the socket hasn't been given yet, one behind the other. Guarded by the mutex. */
+    std::vector<std::byte> outgoing;
+    /** A write is on its way, and will look for more when it ends. Guarded by the mutex. */
+    bool isWriting = false;
+    /** What the write on its way sends. */
+    std::vector<std::byte> inFlight;
     /** The peer doesn't take its replies: no more of its requests are read until it does. */
     bool waitsForPeer = false;
 };

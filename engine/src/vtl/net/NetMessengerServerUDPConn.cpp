@@ -1,10 +1,9 @@
 #include "vtl/net/NetMessengerServerUDPConn.h"
 
 #include "vtl/base/Report.h"
-#include "vtl/net/ManagerSerializableNetMsgMap.h"
+#include "vtl/net/FrameReading.h"
 #include "vtl/net/NetMessengerMessageQueue.h"
-#include "vtl/net/NetMessengerStreamBuffer.h"
-#include "vtl/net/NetMsg.h"
+#include "vtl/net/NetMessengerSessionContainer.h"
 
 #include <boost/asio/buffer.hpp>
 #include <exception>
@@ -14,34 +13,35 @@ namespace Vantrel {
 
 using boost::system::error_code;
 
+namespace {
+
+constexpr const char* receiverName = "NetMessengerServerUDPConn";
+
+/** A datagram comes alone, and so costs an entry of the queue of its own beyond what a message does. */
+constexpr std::size_t bytesPerDatagram = queuedBytesPerMessage + sizeof(ArrivedMessages) + 64;
+
+} // namespace
+
 std::unique_ptr<NetMsg> readDatagram(std::span<std::byte> bytes) {
     NetMessengerStreamBuffer stream(bytes);
     std::uint32_t messageID = 0;
     std::uint32_t bodyLength = 0; // the datagram's end is what counts
     stream >> messageID >> bodyLength;
-    std::unique_ptr<NetMsg> message;
     constexpr std::size_t headerSize = 8;
-    try {
-        if (bytes.size() >= headerSize) {
-            message = ManagerSerializableNetMsgMap::createInstance(messageID, stream);
-        }
-    } catch (const std::exception& failure) {
-        Report() << "Exception: " << failure.what() << "\n";
+    if (bytes.size() < headerSize) {
+        reportBadHeader(receiverName, stream);
+        return nullptr;
     }
-    if (message == nullptr) {
-        Report()
-            << "NetMessengerServerUDPConn::onRecvBody()... Received bad header info... Server state may be "
-               "corrupt...\n"
-            << "received byte data is: " << stream.toString() << "\n";
-    }
-    return message;
+    return readFrameBody(receiverName, messageID, stream);
 }
 
 NetMessengerServerUDPConn::NetMessengerServerUDPConn(boost::asio::io_context& service,
                                                      const boost::asio::ip::udp::endpoint& endpoint,
+                                                     NetMessengerSessionContainer& container,
                                                      NetMessengerMessageQueue& inbound)
     : socket(service, endpoint)
     , receiveBlock(std::make_unique_for_overwrite<std::byte[]>(largestDatagram))
+    , sessions(container)
     , inboundQueue(inbound) {
     if (!socket.is_open()) {
         Report() << "UDP Socket failed to open...\n";
@@ -58,18 +58,33 @@ void NetMessengerServerUDPConn::onRecvDatagram(const error_code& error, std::siz
     if (error == boost::asio::error::operation_aborted) {
         return;
     }
-    if (!error && count > 0) {
-        if (std::unique_ptr<NetMsg> message = readDatagram(std::span(receiveBlock.get(), count))) {
-            ArrivedMessages arrived{.session = nullptr, .messages = {}, .bytes = count};
-            arrived.messages.push_back(std::move(message));
-            // Datagrams that come faster than they are drained are the kernel's to drop.
-            static_cast<void>(inboundQueue.push(std::move(arrived)));
+    bool queueHasRoom = true;
+    try {
+        if (!error && count > 0) {
+            queueHasRoom = deliver(std::span(receiveBlock.get(), count));
+        } else if (!error || error == boost::asio::error::message_size) {
+            Report() << "ERROR: NetMessengerServerUDPConn::onRecvDatagram(...):\n"
+                     << "   " << error.category().name() << ": " << error.value() << "\n";
         }
-    } else if (!error || error == boost::asio::error::message_size) {
-        Report() << "ERROR: NetMessengerServerUDPConn::onRecvDatagram(...):\n"
-                 << "   " << error.category().name() << ": " << error.value() << "\n";
+    } catch (const std::exception& failure) {
+        Report() << "Exception: " << failure.what() << "\n";
     }
-    start();
+    if (queueHasRoom) {
+        start();
+    } else {
+        // What comes meanwhile is the kernel's to keep or to drop.
+        sessions.waitForDrain([this] { start(); });
+    }
+}
+
+bool NetMessengerServerUDPConn::deliver(std::span<std::byte> datagram) {
+    std::unique_ptr<NetMsg> message = readDatagram(datagram);
+    if (message == nullptr) {
+        return true;
+    }
+    ArrivedMessages arrived{.session = nullptr, .messages = {}, .bytes = datagram.size() + bytesPerDatagram};
+    arrived.messages.push_back(std::move(message));
+    return !inboundQueue.push(std::move(arrived));
 }
 
 } // namespace Vantrel

@@ -24,8 +24,8 @@ bool NetMessengerSessionContainer::closeOldestEnded() {
 }
 
 void NetMessengerSessionContainer::resumeWaiting() {
-    for (const SessionPointer& session : std::exchange(waiting, {})) {
-        session->resume();
+    for (const std::function<void()>& goOn : std::exchange(waiting, {})) {
+        goOn();
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -27,15 +28,15 @@ public:
     /** Closes the session that ended first, to have its descriptor back; false when none has ended. */
     bool closeOldestEnded();
 
-    /** Takes note that a session stopped reading because the queue is over its limit. */
-    void waitForDrain(SessionPointer session) { waiting.push_back(std::move(session)); }
-    /** The queue has been drained: whoever waited for that reads on. */
+    /** Takes note of a receiver that stopped because the queue is over its limit, and of how it goes on. */
+    void waitForDrain(std::function<void()> goOn) { waiting.push_back(std::move(goOn)); }
+    /** The queue has been drained: whoever waited for that goes on. */
     void resumeWaiting();
 
 private:
     std::vector<SessionPointer> reading;
     std::deque<SessionPointer> ended;
-    std::vector<SessionPointer> waiting;
+    std::vector<std::function<void()>> waiting;
 };
 
 } // namespace Vantrel

@@ -69,24 +69,27 @@ void NetMessengerStreamBuffer::fixFrameLength() {
     cursor = end;
 }
 
-NetMessengerFrame NetMessengerStreamBuffer::releaseFrame() {
-    NetMessengerFrame frame{std::move(owned), cursor};
-    memory = nullptr;
-    capacity = 0;
-    cursor = 0;
-    return frame;
+std::string NetMessengerStreamBuffer::toString() const {
+    std::string text;
+    dump([&text](std::string_view piece) { text.append(piece); });
+    return text;
 }
 
-std::string NetMessengerStreamBuffer::toString() const {
-    ReportText text;
-    text << "Buffer Data, one byte at a time... (max buf len: " << capacity << ", cur buf len: " << cursor
+void NetMessengerStreamBuffer::dump(const std::function<void(std::string_view)>& take) const {
+    ReportText head;
+    head << "Buffer Data, one byte at a time... (max buf len: " << capacity << ", cur buf len: " << cursor
          << ",)\n"
          << "Owns Internal Buffer: " << (owned != nullptr) << ":\n";
-    for (std::uint32_t i = 0; i < capacity; ++i) {
-        text << std::to_integer<unsigned>(memory[i]) << ' ';
+    take(head.str());
+    constexpr std::uint32_t bytesPerPiece = 4096;
+    for (std::uint32_t at = 0; at < capacity;) {
+        ReportText piece;
+        for (const std::uint32_t end = std::min(capacity - at, bytesPerPiece) + at; at < end; ++at) {
+            piece << std::to_integer<unsigned>(memory[at]) << ' ';
+        }
+        take(piece.str());
     }
-    text << '\n';
-    return text.str();
+    take("\n");
 }
 
 bool NetMessengerStreamBuffer::makeRoom(std::size_t bytes, const char* argument) {

@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -12,12 +13,6 @@
 #include <vector>
 
 namespace Vantrel {
-
-/** Bytes of a finished frame, header included. */
-struct NetMessengerFrame {
-    std::unique_ptr<std::byte[]> bytes;
-    std::uint32_t size = 0;
-};
 
 /**
  * The bytes of a message frame, written or read through one cursor (one instance does one of both).
@@ -91,11 +86,13 @@ public:
     std::uint32_t length() const { return cursor; }
     /** Bytes between the cursor and the end of the memory. */
     std::uint32_t remaining() const { return capacity - cursor; }
-    /** Gives the memory of an owning buffer away; the buffer is empty afterwards. */
-    NetMessengerFrame releaseFrame();
+    /** The bytes inserted or extracted so far. */
+    std::span<const std::byte> bytes() const { return {memory, cursor}; }
 
     /** A dump of the whole memory, one decimal number a byte. */
     std::string toString() const;
+    /** The same, piece by piece, for a memory of any size. */
+    void dump(const std::function<void(std::string_view)>& take) const;
 
 private:
     std::uint32_t take() {

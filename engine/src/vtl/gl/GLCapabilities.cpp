@@ -1,0 +1,44 @@
+#include "vtl/gl/GLCapabilities.h"
+
+#include "vtl/gl/GLError.h"
+
+#include <GL/glew.h>
+
+namespace Vantrel {
+namespace {
+
+std::string textOf(const GLubyte* answer) {
+    return answer != nullptr ? reinterpret_cast<const char*>(answer) : GLCapabilities::noAnswer;
+}
+
+/** Drivers below 4.3 don't know the question and would answer with an error. */
+std::vector<std::string> readShadingLanguageVersions() {
+    GLint count = 0;
+    if (GLEW_VERSION_4_3 && glGetStringi != nullptr) {
+        glGetIntegerv(GL_NUM_SHADING_LANGUAGE_VERSIONS, &count);
+    }
+    std::vector<std::string> versions;
+    for (GLint i = 0; i < count; ++i) {
+        versions.push_back(textOf(glGetStringi(GL_SHADING_LANGUAGE_VERSION, static_cast<GLuint>(i))));
+    }
+    return versions;
+}
+
+} // namespace
+
+GLCapabilities GLCapabilities::read() {
+    GLCapabilities capabilities;
+    capabilities.vendor = textOf(glGetString(GL_VENDOR));
+    capabilities.renderer = textOf(glGetString(GL_RENDERER));
+    capabilities.version = textOf(glGetString(GL_VERSION));
+    capabilities.shadingLanguageVersion = textOf(glGetString(GL_SHADING_LANGUAGE_VERSION));
+    checkGLError(510001);
+    capabilities.shadingLanguageVersions = readShadingLanguageVersions();
+    checkGLError(510002);
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &capabilities.maxTextureSize);
+    checkGLError(510003);
+    capabilities.areFramebufferObjectsSupported = glCheckFramebufferStatusEXT != nullptr;
+    return capabilities;
+}
+
+} // namespace Vantrel

@@ -1,0 +1,1 @@
+#include "vtl/gl/Window.h"

@@ -1,0 +1,1 @@
+#include "vtl/net/Session.h"

@@ -1,0 +1,1 @@
+#include "vtl/render/Renderer.h"

@@ -1,0 +1,3 @@
+// first
+#include "vtl/base/Low.h"
+#include "vtl/shell/GLView.h"
