@@ -145,7 +145,7 @@ TEST_F(ManagerSerializableNetMsgMapTest, HoldsManyClassesAndRefusesTooMany) {
     EXPECT_EQ(madeFrom(netMsgIDOf(names.back()), {}), "none");
     EXPECT_TRUE(reports.contains("ERROR: Failed to creating mapping from '" +
                                  std::to_string(netMsgIDOf(names.back())) + "' to function pointer at '"));
-    EXPECT_EQ(madeFrom(netMsgIDOf("NetMsgShutdownInstance"), {}), textOf("NetMsgShutdownInstance"));
+    EXPECT_EQ(madeFrom(1, WireBytes().text("NetMsgShutdownInstance")), textOf("NetMsgShutdownInstance"));
 }
 
 /** Writes a message as a whole frame, which must be `expected`, and reads it again. */
