@@ -43,3 +43,33 @@ const char* __ubsan_default_options() {
 }
 }
 #endif
+
+#if defined(__has_feature)
+#if __has_feature(thread_sanitizer)
+#define KELDIN_THREAD_SANITIZER 1
+#endif
+#endif
+#if defined(__SANITIZE_THREAD__)
+#define KELDIN_THREAD_SANITIZER 1
+#endif
+
+#if defined(KELDIN_THREAD_SANITIZER)
+#include <cstdlib>
+
+namespace {
+
+// The software GL driver ends its own threads in a way that looks like a race; without threads it draws the same.
+__attribute__((constructor)) void drawWithoutThreads() {
+    ::setenv("LP_NUM_THREADS", "0", 0);
+}
+
+} // namespace
+
+extern "C" {
+// The geospatial library takes two locks of its own in both orders, on one thread, while it registers its drivers.
+const char* __tsan_default_suppressions();
+const char* __tsan_default_suppressions() {
+    return "deadlock:libgdal.so\n";
+}
+}
+#endif

@@ -46,6 +46,8 @@ std::uint32_t contextsMade = 0;
 std::int32_t loadingScreenRepeats = 600;
 
 void startSDL() {
+    // Nothing here makes a sound; SDL would start a thread that watches for sound devices.
+    SDL_SetHint(SDL_HINT_AUDIODRIVER, "dummy");
     // The shell has handlers of its own.
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     if (SDL_Init(SDL_INIT_EVERYTHING) < 0) {
