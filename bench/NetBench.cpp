@@ -14,7 +14,9 @@
 #include <condition_variable>
 #include <cstring>
 #include <functional>
+#include <memory>
 #include <mutex>
+#include <sched.h>
 #include <thread>
 #include <vector>
 
@@ -112,20 +114,33 @@ tcp::socket connectTo(asio::io_context& io, std::uint16_t port) {
     return socket;
 }
 
-/** Sends `bytes` `times` over from a thread of its own. */
-std::thread sendFromThread(std::uint16_t port, const std::vector<std::byte>& bytes, std::uint32_t times) {
-    return std::thread([port, &bytes, times] {
-        asio::io_context io;
-        tcp::socket socket = connectTo(io, port);
-        for (std::uint32_t i = 0; i < times; ++i) {
-            asio::write(socket, asio::buffer(bytes));
-        }
-        socket.shutdown(tcp::socket::shutdown_send);
-        char end = 0;
-        boost::system::error_code ignored;
-        asio::read(socket, asio::buffer(&end, 1), ignored);
-    });
-}
+/** Sends `bytes` `times` over from a thread of its own, then waits for the other end to close. */
+class Peer {
+public:
+    Peer(std::uint16_t port, const std::vector<std::byte>& bytes, std::uint32_t times)
+        : thread([this, port, &bytes, times] {
+            asio::io_context io;
+            tcp::socket socket = connectTo(io, port);
+            for (std::uint32_t i = 0; i < times; ++i) {
+                asio::write(socket, asio::buffer(bytes));
+            }
+            boost::system::error_code ignored;
+            socket.shutdown(tcp::socket::shutdown_send, ignored);
+            isSent = true;
+            isSent.notify_one();
+            char end = 0;
+            asio::read(socket, asio::buffer(&end, 1), ignored);
+        }) {}
+    Peer(const Peer&) = delete;
+    Peer& operator=(const Peer&) = delete;
+    ~Peer() { thread.join(); }
+
+    void waitUntilSent() { isSent.wait(false); }
+
+private:
+    std::atomic<bool> isSent = false;
+    std::thread thread;
+};
 
 /** A running server of ours on a free port, with reports going nowhere. */
 class OurServer {
@@ -229,8 +244,7 @@ void bareSmallFrames(benchmark::State& state) {
     for (auto _ : state) {
         asio::io_context io;
         tcp::acceptor acceptor(io, {asio::ip::address_v4::loopback(), 0});
-        std::thread client =
-            sendFromThread(acceptor.local_endpoint().port(), frames, smallFrames / framesPerSend);
+        Peer client(acceptor.local_endpoint().port(), frames, smallFrames / framesPerSend);
         Batches batches;
         std::uint64_t sum = 0;
         std::thread consumer([&] {
@@ -251,7 +265,6 @@ void bareSmallFrames(benchmark::State& state) {
             batches.changed.notify_one();
         }
         consumer.join();
-        client.join();
         benchmark::DoNotOptimize(sum);
     }
     state.SetItemsProcessed(state.iterations() * std::int64_t{smallFrames});
@@ -261,10 +274,10 @@ void ourSmallFrames(benchmark::State& state) {
     const std::vector<std::byte> frames = manySmallFrames();
     for (auto _ : state) {
         arrivedMessages = 0;
-        OurServer ours;
-        std::thread client = sendFromThread(ours.port(), frames, smallFrames / framesPerSend);
-        drainUntil(ours.server, smallFrames);
-        client.detach(); // it waits for the server's end of the connection
+        auto ours = std::make_unique<OurServer>();
+        Peer client(ours->port(), frames, smallFrames / framesPerSend);
+        drainUntil(ours->server, smallFrames);
+        ours.reset(); // the peer waits for this
     }
     state.SetItemsProcessed(state.iterations() * std::int64_t{smallFrames});
 }
@@ -274,7 +287,7 @@ void bareLargeBodies(benchmark::State& state) {
     for (auto _ : state) {
         asio::io_context io;
         tcp::acceptor acceptor(io, {asio::ip::address_v4::loopback(), 0});
-        std::thread client = sendFromThread(acceptor.local_endpoint().port(), frame, largeBodies);
+        Peer client(acceptor.local_endpoint().port(), frame, largeBodies);
         tcp::socket socket = acceptor.accept();
         std::byte header[8];
         std::vector<float> floats;
@@ -299,7 +312,6 @@ void bareLargeBodies(benchmark::State& state) {
         readFrame();
         io.run();
         socket.close();
-        client.join();
     }
     state.SetBytesProcessed(state.iterations() * largeBodies * static_cast<std::int64_t>(frame.size()));
 }
@@ -308,19 +320,121 @@ void ourLargeBodies(benchmark::State& state) {
     const std::vector<std::byte> frame = largeFrame();
     for (auto _ : state) {
         arrivedMessages = 0;
-        OurServer ours;
-        std::thread client = sendFromThread(ours.port(), frame, largeBodies);
-        drainUntil(ours.server, largeBodies);
-        client.detach();
+        auto ours = std::make_unique<OurServer>();
+        Peer client(ours->port(), frame, largeBodies);
+        drainUntil(ours->server, largeBodies);
+        ours.reset(); // the peer waits for this
     }
     state.SetBytesProcessed(state.iterations() * largeBodies * static_cast<std::int64_t>(frame.size()));
+}
+
+/** While it lives, this thread and those it starts share one processor: what is left is work, not wake-ups.
+ */
+class ScopedOneProcessor {
+public:
+    ScopedOneProcessor() {
+        ::sched_getaffinity(0, sizeof(before), &before);
+        cpu_set_t one;
+        CPU_ZERO(&one);
+        CPU_SET(0, &one);
+        ::sched_setaffinity(0, sizeof(one), &one);
+    }
+    ScopedOneProcessor(const ScopedOneProcessor&) = delete;
+    ScopedOneProcessor& operator=(const ScopedOneProcessor&) = delete;
+    ~ScopedOneProcessor() { ::sched_setaffinity(0, sizeof(before), &before); }
+
+private:
+    cpu_set_t before{};
+};
+
+/** Sends a request and waits for its 12-byte reply, once an iteration. */
+void roundTrips(benchmark::State& state, std::uint16_t port) {
+    asio::io_context io;
+    tcp::socket socket = connectTo(io, port);
+    const std::vector<std::byte> request = smallFrame(NetMsgBenchEcho::name, 1);
+    std::vector<std::byte> reply(request.size());
+    for (auto _ : state) {
+        asio::write(socket, asio::buffer(request));
+        asio::read(socket, asio::buffer(reply));
+    }
+}
+
+void bareRoundTrip(benchmark::State& state) {
+    const ScopedOneProcessor one;
+    asio::io_context io;
+    tcp::acceptor acceptor(io, {asio::ip::address_v4::loopback(), 0});
+    std::thread server([&] {
+        tcp::socket socket = acceptor.accept();
+        socket.set_option(tcp::no_delay(true));
+        std::byte frame[12];
+        std::function<void()> serve = [&] {
+            asio::async_read(
+                socket, asio::buffer(frame), [&](const boost::system::error_code& error, std::size_t) {
+                    if (!error) {
+                        asio::async_write(socket, asio::buffer(frame),
+                                          [&](const boost::system::error_code&, std::size_t) { serve(); });
+                    }
+                });
+        };
+        serve();
+        io.run();
+    });
+    roundTrips(state, acceptor.local_endpoint().port());
+    server.join();
+}
+
+void ourRoundTrip(benchmark::State& state) {
+    const ScopedOneProcessor one;
+    OurServer ours;
+    std::atomic<bool> ended = false;
+    std::thread mainThread([&] {
+        while (!ended) {
+            ours.server.update();
+            std::this_thread::yield();
+        }
+    });
+    roundTrips(state, ours.port());
+    ended = true;
+    mainThread.join();
+}
+
+/** What a frame pays when nothing has arrived. */
+void ourIdleUpdate(benchmark::State& state) {
+    OurServer ours;
+    for (auto _ : state) {
+        ours.server.update();
+    }
+}
+
+/** One frame that finds a million messages: calls, then deletions. */
+void ourDrainOfAMillion(benchmark::State& state) {
+    const std::vector<std::byte> frames = manySmallFrames();
+    constexpr std::uint32_t million = 1'000'000;
+    for (auto _ : state) {
+        arrivedMessages = 0;
+        auto ours = std::make_unique<OurServer>();
+        Peer peer(ours->port(), frames, million / framesPerSend);
+        peer.waitUntilSent();
+        std::this_thread::sleep_for(std::chrono::milliseconds(100)); // for the worker to read the rest
+        const auto start = std::chrono::steady_clock::now();
+        ours->server.update();
+        state.SetIterationTime(
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+        if (arrivedMessages != million) {
+            state.SkipWithError("not all had arrived");
+        }
+        ours.reset(); // the peer waits for this
+    }
 }
 
 BENCHMARK(bareSmallFrames)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ourSmallFrames)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(bareLargeBodies)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ourLargeBodies)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(bareRoundTrip)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(ourRoundTrip)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(ourIdleUpdate);
+BENCHMARK(ourDrainOfAMillion)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(5);
 
 } // namespace
 } // namespace Vantrel
-

@@ -1,26 +1,10 @@
 #include "vtl/net/FrameReading.h"
 
 #include "vtl/base/Report.h"
-#include "vtl/net/ManagerSerializableNetMsgMap.h"
 
-#include <exception>
 #include <string>
 
 namespace Vantrel {
-
-std::unique_ptr<NetMsg> readFrameBody(const char* receiver, std::uint32_t messageID,
-                                      NetMessengerStreamBuffer& stream) {
-    std::unique_ptr<NetMsg> message;
-    try {
-        message = ManagerSerializableNetMsgMap::createInstance(messageID, stream);
-    } catch (const std::exception& failure) {
-        Report() << "Exception: " << failure.what() << "\n";
-    }
-    if (message == nullptr) {
-        reportBadHeader(receiver, stream);
-    }
-    return message;
-}
 
 void reportBadHeader(const char* receiver, const NetMessengerStreamBuffer& stream) {
     Reports::writeInPieces([&](const Reports::Writer& write) {
@@ -30,6 +14,10 @@ void reportBadHeader(const char* receiver, const NetMessengerStreamBuffer& strea
         stream.dump(write);
         write("\n");
     });
+}
+
+void reportException(const std::exception& failure) {
+    Report() << "Exception: " << failure.what() << "\n";
 }
 
 } // namespace Vantrel

@@ -2,6 +2,7 @@
 
 #include "vtl/base/ManagerEnvironmentConfiguration.h"
 #include "vtl/base/Report.h"
+#include "vtl/net/FrameReading.h"
 #include "vtl/net/NetMessengerServerListener.h"
 
 #include <csignal>
@@ -103,7 +104,7 @@ void NetMessengerServer::processMessages() {
             try {
                 message->onMessageArrived();
             } catch (const std::exception& failure) {
-                Report() << "Exception: " << failure.what() << "\n";
+                reportException(failure);
             }
         }
     }
@@ -116,7 +117,7 @@ void NetMessengerServer::runWorker() {
             ioService->run();
             return;
         } catch (const std::exception& failure) {
-            Report() << "Exception: " << failure.what() << "\n";
+            reportException(failure);
         }
     }
 }

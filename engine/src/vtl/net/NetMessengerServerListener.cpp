@@ -1,6 +1,7 @@
 #include "vtl/net/NetMessengerServerListener.h"
 
 #include "vtl/base/Report.h"
+#include "vtl/net/FrameReading.h"
 #include "vtl/net/NetMessengerServerSession.h"
 
 #include <boost/asio/post.hpp>
@@ -84,7 +85,7 @@ void NetMessengerServerListener::onAccepted(const error_code& error, tcp::socket
         sessions.add(session);
         session->start();
     } catch (const std::exception& failure) {
-        Report() << "Exception: " << failure.what() << "\n";
+        reportException(failure);
     }
     accept();
 }

@@ -79,7 +79,7 @@ void NetMessengerServerSession::onReceived(const error_code& error, std::size_t 
         goOn(deliver());
     } catch (const std::exception& failure) {
         // Without memory the stream's place in its frames is lost.
-        Report() << "Exception: " << failure.what() << "\n";
+        reportException(failure);
         endReading();
     }
 }

@@ -67,7 +67,7 @@ void NetMessengerServerUDPConn::onRecvDatagram(const error_code& error, std::siz
                      << "   " << error.category().name() << ": " << error.value() << "\n";
         }
     } catch (const std::exception& failure) {
-        Report() << "Exception: " << failure.what() << "\n";
+        reportException(failure);
     }
     if (queueHasRoom) {
         start();
