@@ -54,31 +54,32 @@ private:
     NetMessengerStreamBuffer& stream;
 };
 
-/** A message class whose body is `Layout`. On its own it is the message without an effect. */
+/**
+ * A message class whose body is `Layout`. On its own it is the message without an effect. (Its own names end
+ * in an underscore, so that a field may have any.)
+ */
 template <class Layout>
 class NetMsgWithLayout : public NetMsg, public Layout {
 public:
     std::string getMessageType() const override { return std::string(Layout::name); }
 
-    bool toStreamBody(NetMessengerStreamBuffer& buffer) const override {
-        const Layout& fields = *this;
-        Layout::visit(fields, LayoutWriter(buffer));
+    bool toStreamBody(NetMessengerStreamBuffer& stream_) const override {
+        Layout::visit(static_cast<const Layout&>(*this), LayoutWriter(stream_));
         return true;
     }
 
-    bool fromStream(NetMessengerStreamBuffer& buffer) override {
-        Layout& fields = *this;
-        Layout::visit(fields, LayoutReader(buffer));
+    bool fromStream(NetMessengerStreamBuffer& stream_) override {
+        Layout::visit(static_cast<Layout&>(*this), LayoutReader(stream_));
         return true;
     }
 
     std::string toString() const override {
-        ReportText text;
-        text << NetMsg::toString();
-        if constexpr (requires { Layout::printPayload(text); }) {
-            Layout::printPayload(text);
+        ReportText report_;
+        report_ << NetMsg::toString();
+        if constexpr (requires { Layout::printPayload(report_); }) {
+            Layout::printPayload(report_);
         }
-        return text.str();
+        return report_.str();
     }
 };
 
