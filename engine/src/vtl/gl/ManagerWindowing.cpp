@@ -13,7 +13,6 @@
 #include "vtl/gl/WindowIcon.h"
 
 #include <algorithm>
-#include <atomic>
 
 namespace Vantrel {
 namespace {
