@@ -77,6 +77,8 @@ TEST(RestartTest, AHundredRestartsLeaveNothingBehind) {
                                   "{width=64}",
                                   "{height=48}",
                                   "{minmillisecperframe=0}",
+                                  "{glContextVersion=3.3}",
+                                  "{sharedmultimediapath=" KELDIN_SHARED_DATA "}",
                                   "{NetServerListenPort=" + RestartingView::port + "}",
                                   "{NetServerListenAddress=127.0.0.1}"};
     std::size_t threads = 0;
