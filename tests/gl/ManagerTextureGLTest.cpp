@@ -155,7 +155,7 @@ TEST_P(ManagerTextureGLTest, ImagesOfEveryKindStandBottomUpOnTheCard) {
 }
 
 TEST_P(ManagerTextureGLTest, WhatIsNoImageGivesTheDefaultInTheStatedWords) {
-    const std::string whole = png("whole.png", 200, 150);
+    png("whole.png", 200, 150);
     IMG_SaveJPG(image(200, 150).get(), folder.path("whole.jpg").c_str(), 90);
     SDL_SaveBMP(image(200, 150).get(), folder.path("whole.bmp").c_str());
     std::vector<std::string> files{folder.path("nowhere.png"), folder.path(""), folder.write("empty.png", ""),
@@ -168,9 +168,14 @@ TEST_P(ManagerTextureGLTest, WhatIsNoImageGivesTheDefaultInTheStatedWords) {
             files.push_back(folder.write(std::to_string(part) + name, content.substr(0, part)));
         }
     }
-    std::string greedy = contentOf(whole);
-    greedy.replace(16, 8, std::string_view("\x00\x00\x3F\xFF\x00\x00\x3F\xFF", 8)); // a gigabyte
-    files.push_back(folder.write("greedy.png", greedy));
+    std::string greedy = contentOf(folder.path("whole.bmp"));
+    greedy.replace(18, 8, std::string_view("\x80\x3E\0\0\x80\x3E\0\0", 8)); // 16,000 by 16,000: a gigabyte
+    files.push_back(folder.write("greedy.bmp", greedy.substr(0, 60)));
+    files.push_back(
+        folder.write("greedy.tga", std::string("\0\0\2\0\0\0\0\0\0\0\0\0\x80\x3E\x80\x3E\x20\0", 18)));
+    // A scan with a restart marker and a stuffed byte, and then nothing.
+    files.push_back(
+        folder.write("scan.jpg", std::string("\xFF\xD8\xFF\xDA\0\2\x12\xFF\0\x34\xFF\xD3\x56", 13)));
 
     const Tests::GLObjectCount before = Tests::countGLObjects();
     const std::string registered = ManagerTexture::toString();
@@ -181,6 +186,7 @@ TEST_P(ManagerTextureGLTest, WhatIsNoImageGivesTheDefaultInTheStatedWords) {
         EXPECT_TRUE(reports.contains("ERROR: SDL_Image Failed to load texture: " + file +
                                      "\n   Setting this texture to use the DEFAULT TEXTURE...\nIMG_Load: "))
             << reports.text();
+        EXPECT_EQ(reports.contains("IMG_Load: Out of memory\n"), file.find("greedy") != std::string::npos);
         EXPECT_EQ(Tests::countGLObjects(), before);
         EXPECT_EQ(ManagerTexture::toString(), registered);
     }

@@ -1,7 +1,8 @@
 #include "vtl/gl/texture/ImageFile.h"
 
 #include "vtl/base/Report.h"
-#include "vtl/gl/texture/ImageHeader.h"
+#include "vtl/gl/texture/CutOffJPEG.h"
+#include "vtl/gl/texture/SDLMemoryLimit.h"
 
 #include <SDL_image.h>
 #include <algorithm>
@@ -12,7 +13,6 @@
 #include <fstream>
 #include <limits>
 #include <optional>
-#include <span>
 #include <utility>
 #include <vector>
 
@@ -43,8 +43,13 @@ void flipRows(SDL_Surface& image) {
     }
 }
 
-bool isTooLong(std::uint64_t side, std::uint32_t longestSide) {
-    return side > longestSide;
+/**
+ * The largest block that reading a file of `fileSize` bytes may take: the densest of the formats, deflate
+ * with one bit a pixel, gets 8 * 1032 pixels out of a byte.
+ */
+std::size_t largestBlock(std::size_t fileSize) {
+    constexpr std::size_t pixelsInByte = 8256;
+    return fileSize * pixelsInByte * bytesPerPixel;
 }
 
 /** None for what is no plain file, and for one that SDL's streams are too short for. */
@@ -63,21 +68,6 @@ std::optional<std::vector<std::byte>> readFile(const std::string& fileName) {
     in.read(reinterpret_cast<char*>(bytes.data()), size);
     bytes.resize(static_cast<std::size_t>(in.gcount()));
     return bytes;
-}
-
-/** Null, with SDL's error set, for a header that mustn't be followed. */
-SDLSurface decode(std::span<const std::byte> file, const std::string& extension, std::uint32_t longestSide) {
-    const ImageHeader header = readImageHeader(file, extension);
-    if (header.verdict == ImageHeader::Verdict::truncated) {
-        SDL_SetError("The image file is truncated");
-        return nullptr;
-    }
-    if (isTooLong(header.width, longestSide) || isTooLong(header.height, longestSide)) {
-        SDL_SetError("The image is larger than the graphics card takes");
-        return nullptr;
-    }
-    return SDLSurface(IMG_LoadTyped_RW(SDL_RWFromConstMem(file.data(), static_cast<int>(file.size())), 1,
-                                       extension.c_str()));
 }
 
 /** The source pixels around a target pixel's centre along one axis, and the weight of the second. */
@@ -116,11 +106,21 @@ SDLSurface readImageFile(const std::string& fileName, std::uint32_t longestSide)
         return nullptr;
     }
     const std::size_t point = fileName.find_last_of("./");
-    const std::string extension =
-        point != std::string::npos && fileName[point] == '.' ? fileName.substr(point + 1) : std::string();
-    SDLSurface image = decode(*file, extension, longestSide);
-    if (image != nullptr && (isTooLong(static_cast<std::uint64_t>(image->w), longestSide) ||
-                             isTooLong(static_cast<std::uint64_t>(image->h), longestSide))) {
+    const bool hasExtension = point != std::string::npos && fileName[point] == '.';
+    return decodeImage(*file, hasExtension ? fileName.substr(point + 1) : std::string(), longestSide);
+}
+
+SDLSurface decodeImage(std::span<const std::byte> file, const std::string& extension,
+                       std::uint32_t longestSide) {
+    if (isCutOffJPEG(file)) {
+        SDL_SetError("The image file is truncated");
+        return nullptr;
+    }
+    const SDLMemoryLimit limit(largestBlock(file.size()));
+    SDLSurface image(IMG_LoadTyped_RW(SDL_RWFromConstMem(file.data(), static_cast<int>(file.size())), 1,
+                                      extension.c_str()));
+    if (image != nullptr && (static_cast<std::uint32_t>(image->w) > longestSide ||
+                             static_cast<std::uint32_t>(image->h) > longestSide)) {
         SDL_SetError("The image is larger than the graphics card takes");
         return nullptr;
     }
