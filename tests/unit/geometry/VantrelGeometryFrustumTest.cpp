@@ -5,6 +5,8 @@
 #include "tests/unit/math/MathTesting.h"
 #include "vtl/geometry/BoundingBox.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -89,6 +91,10 @@ TEST(IntersectFrustumOBBTest, AnswersByTheRow) {
     const VantrelGeometryFrustum flat(1, 60, 1, 100, unitX, unitX, Vector());
     EXPECT_TRUE(intersectFrustumOBB(flat, cube({30, 500, 0}, 1)));
     EXPECT_FALSE(intersectFrustumOBB(flat, cube({500, 0, 0}, 1)));
+    // Planes have their direction however small the frustum is.
+    const VantrelGeometryFrustum tiny(1, 60, 0.0001F, 0.001F, unitX, unitZ, Vector());
+    EXPECT_TRUE(intersectFrustumOBB(tiny, cube({0.0005F, 0, 0}, 0.001F)));
+    EXPECT_FALSE(intersectFrustumOBB(tiny, cube({0.0005F, 0.1F, 0}, 0.001F)));
 }
 
 /** A view that isn't aligned with anything, and the axes to find points in it. */
@@ -135,41 +141,21 @@ TEST(IntersectFrustumOBBTest, NeverLosesABoxWithAPointInside) {
     }
 }
 
-VectorD widen(const Vector& v) {
-    return {v.x, v.y, v.z};
-}
-
-/** All eight signs of three lengths along three axes. */
-std::array<VectorD, 8> cornersOf(const VectorD& center, const VectorD& a, const VectorD& b,
-                                 const VectorD& c) {
-    std::array<VectorD, 8> corners;
-    for (unsigned i = 0; i < 8; ++i) {
-        corners[i] = center + a * ((i & 1U) != 0 ? 1 : -1) + b * ((i & 2U) != 0 ? 1 : -1) +
-                     c * ((i & 4U) != 0 ? 1 : -1);
-    }
-    return corners;
-}
-
-std::array<VectorD, 8> cornersOfHull(const VantrelGeometryOBB& box) {
-    BoundingBox hull;
-    for (const VectorD& corner :
-         cornersOf(widen(box.center), widen(box.axes[0] * box.halfExtents.x),
-                   widen(box.axes[1] * box.halfExtents.y), widen(box.axes[2] * box.halfExtents.z))) {
-        hull.addPoint(
-            Vector(static_cast<float>(corner.x), static_cast<float>(corner.y), static_cast<float>(corner.z)));
-    }
-    const VectorD half = widen(hull.getLxLyLz()) / 2;
-    return cornersOf(widen(hull.getMin()) + half, {half.x, 0, 0}, {0, half.y, 0}, {0, 0, half.z});
-}
-
 /** How far the hull's eight corners are outside of the plane that they are furthest outside of. */
-double distanceOutside(const VantrelGeometryFrustum& frustum, const VantrelGeometryOBB& box) {
-    double worst = -std::numeric_limits<double>::infinity();
+float distanceOutside(const VantrelGeometryFrustum& frustum, const VantrelGeometryOBB& box) {
+    BoundingBox hull;
+    for (unsigned i = 0; i < 8; ++i) {
+        hull.addPoint(box.center + box.axes[0] * ((i & 1U) != 0 ? box.halfExtents.x : -box.halfExtents.x) +
+                      box.axes[1] * ((i & 2U) != 0 ? box.halfExtents.y : -box.halfExtents.y) +
+                      box.axes[2] * ((i & 4U) != 0 ? box.halfExtents.z : -box.halfExtents.z));
+    }
+    std::array<Vector, 8> corners;
+    hull.getCorners(corners);
+    float worst = -std::numeric_limits<float>::infinity();
     for (std::uint32_t i = 0; i < 6; ++i) {
-        double least = std::numeric_limits<double>::infinity();
-        for (const VectorD& corner : cornersOfHull(box)) {
-            least = std::min(least, widen(frustum.getPlaneNormal(i)).dotProduct(corner) -
-                                        static_cast<double>(frustum.getPlaneCoef(i)));
+        float least = std::numeric_limits<float>::infinity();
+        for (const Vector& corner : corners) {
+            least = std::min(least, frustum.getPlaneNormal(i).dotProduct(corner) - frustum.getPlaneCoef(i));
         }
         worst = std::max(worst, least);
     }
@@ -185,8 +171,8 @@ TEST(IntersectFrustumOBBTest, AgreesWithAllCornersAgainstAllPlanes) {
         const Vector lengths(random.real(0, 50), random.real(0, 50), random.real(0, 50));
         const VantrelGeometryOBB box(view.position + Tests::randomVector(random, 100), lengths, turn * unitX,
                                      turn * unitY, turn * unitZ);
-        const double distance = distanceOutside(view.frustum(), box);
-        if (std::abs(distance) > 1e-2) {
+        const float distance = distanceOutside(view.frustum(), box);
+        if (std::abs(distance) > 0.01F) {
             ASSERT_EQ(intersectFrustumOBB(view.frustum(), box), distance < 0) << i << " " << distance;
             ++answers[distance < 0 ? 1 : 0];
         }
