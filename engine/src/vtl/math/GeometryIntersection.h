@@ -33,7 +33,8 @@ LineIntersection intersectLinePlane(const Vector& start, const Vector& end, cons
  * The part in the box runs from `outFirst` to `outSecond`, which `none` leaves alone. `outEnters` and
  * `outLeaves` tell which of the two ends lie on the surface; for a `crossing` from inside `outEnters` is left
  * as it was, and for one that ends inside `outLeaves`. A segment that touches an edge or a corner enters and
- * leaves there.
+ * leaves there; one that goes through an edge into the box may be told so too, since that point counts for
+ * both faces and no third is looked for.
  */
 LineIntersection intersectLineAABB(const Vector& start, const Vector& end, const Vector& lengths,
                                    Vector& outFirst, Vector& outSecond, bool& outEnters, bool& outLeaves);
