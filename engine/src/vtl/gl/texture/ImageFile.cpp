@@ -8,18 +8,18 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <filesystem>
+#include <fstream>
 #include <limits>
+#include <optional>
 #include <span>
 #include <utility>
+#include <vector>
 
 namespace Vantrel {
 namespace {
 
 constexpr int bytesPerPixel = 4;
-
-struct SDLMemoryDeleter {
-    void operator()(void* memory) const { SDL_free(memory); }
-};
 
 /** In memory, red, green, blue, alpha, as GL_RGBA with GL_UNSIGNED_BYTE has it. */
 SDLSurface newSurface(int width, int height) {
@@ -45,6 +45,24 @@ void flipRows(SDL_Surface& image) {
 
 bool isTooLong(std::uint64_t side, std::uint32_t longestSide) {
     return side > longestSide;
+}
+
+/** None for what is no plain file, and for one that SDL's streams are too short for. */
+std::optional<std::vector<std::byte>> readFile(const std::string& fileName) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(fileName, error)) {
+        return std::nullopt;
+    }
+    std::ifstream in(fileName, std::ios::binary | std::ios::ate);
+    const std::streamoff size = in.tellg();
+    if (!in || size > std::numeric_limits<int>::max()) {
+        return std::nullopt;
+    }
+    std::vector<std::byte> bytes(static_cast<std::size_t>(size));
+    in.seekg(0);
+    in.read(reinterpret_cast<char*>(bytes.data()), size);
+    bytes.resize(static_cast<std::size_t>(in.gcount()));
+    return bytes;
 }
 
 /** Null, with SDL's error set, for a header that mustn't be followed. */
@@ -92,20 +110,15 @@ std::uint8_t mix(const std::array<const std::uint8_t*, 4>& pixels, std::size_t c
 } // namespace
 
 SDLSurface readImageFile(const std::string& fileName, std::uint32_t longestSide) {
-    SDL_RWops* const stream = SDL_RWFromFile(fileName.c_str(), "rb");
-    if (stream == nullptr) {
-        return nullptr;
-    }
-    std::size_t size = 0;
-    const std::unique_ptr<void, SDLMemoryDeleter> file(SDL_LoadFile_RW(stream, &size, 1));
-    if (file == nullptr || size == 0 || size > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
-        SDL_SetError("The image file can't be read");
+    const std::optional<std::vector<std::byte>> file = readFile(fileName);
+    if (!file) {
+        SDL_SetError("Couldn't open %s", fileName.c_str());
         return nullptr;
     }
     const std::size_t point = fileName.find_last_of("./");
     const std::string extension =
         point != std::string::npos && fileName[point] == '.' ? fileName.substr(point + 1) : std::string();
-    SDLSurface image = decode({static_cast<const std::byte*>(file.get()), size}, extension, longestSide);
+    SDLSurface image = decode(*file, extension, longestSide);
     if (image != nullptr && (isTooLong(static_cast<std::uint64_t>(image->w), longestSide) ||
                              isTooLong(static_cast<std::uint64_t>(image->h), longestSide))) {
         SDL_SetError("The image is larger than the graphics card takes");
