@@ -170,7 +170,7 @@ TEST_P(ManagerTextureGLTest, WhatIsNoImageGivesTheDefaultInTheStatedWords) {
     }
     std::string greedy = contentOf(folder.path("whole.bmp"));
     greedy.replace(18, 8, std::string_view("\x80\x3E\0\0\x80\x3E\0\0", 8)); // 16,000 by 16,000: a gigabyte
-    files.push_back(folder.write("greedy.bmp", greedy.substr(0, 60)));
+    files.push_back(folder.write("greedy.bmp", greedy.substr(0, 200)));
     files.push_back(
         folder.write("greedy.tga", std::string("\0\0\2\0\0\0\0\0\0\0\0\0\x80\x3E\x80\x3E\x20\0", 18)));
     // A scan with a restart marker and a stuffed byte, and then nothing.
@@ -186,7 +186,7 @@ TEST_P(ManagerTextureGLTest, WhatIsNoImageGivesTheDefaultInTheStatedWords) {
         EXPECT_TRUE(reports.contains("ERROR: SDL_Image Failed to load texture: " + file +
                                      "\n   Setting this texture to use the DEFAULT TEXTURE...\nIMG_Load: "))
             << reports.text();
-        EXPECT_EQ(reports.contains("IMG_Load: Out of memory\n"), file.find("greedy") != std::string::npos);
+        EXPECT_EQ(reports.contains("IMG_Load: Out of memory\n"), file.find("greedy") != std::string::npos) << reports.text();
         EXPECT_EQ(Tests::countGLObjects(), before);
         EXPECT_EQ(ManagerTexture::toString(), registered);
     }
