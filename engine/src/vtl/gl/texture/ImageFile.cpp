@@ -13,6 +13,7 @@
 #include <fstream>
 #include <limits>
 #include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -49,7 +50,9 @@ void flipRows(SDL_Surface& image) {
  */
 std::size_t largestBlock(std::size_t fileSize) {
     constexpr std::size_t pixelsInByte = 8256;
-    return fileSize * pixelsInByte * bytesPerPixel;
+    constexpr std::size_t forSDLItself =
+        1U << 20U; // which doesn't get by without the little that an error takes
+    return std::max(fileSize * pixelsInByte * bytesPerPixel, forSDLItself);
 }
 
 /** None for what is no plain file, and for one that SDL's streams are too short for. */
@@ -69,6 +72,30 @@ std::optional<std::vector<std::byte>> readFile(const std::string& fileName) {
     bytes.resize(static_cast<std::size_t>(in.gcount()));
     return bytes;
 }
+
+using Reader = SDL_Surface* (*)(SDL_RWops*);
+
+/**
+ * The reader of a format whose readers stand hostile files; those of the rarer formats (GIF, SVG) free what
+ * isn't theirs or leak. Null for any other format.
+ */
+Reader readerOf(SDL_RWops* stream, std::string_view extension) {
+    if (IMG_isPNG(stream) != 0) {
+        return IMG_LoadPNG_RW;
+    }
+    if (IMG_isJPG(stream) != 0) {
+        return IMG_LoadJPG_RW;
+    }
+    if (IMG_isBMP(stream) != 0) {
+        return IMG_LoadBMP_RW;
+    }
+    // A TGA file has no mark to know it by.
+    return SDL_strcasecmp(std::string(extension).c_str(), "tga") == 0 ? IMG_LoadTGA_RW : nullptr;
+}
+
+struct SDLStreamDeleter {
+    void operator()(SDL_RWops* stream) const { SDL_RWclose(stream); }
+};
 
 /** The source pixels around a target pixel's centre along one axis, and the weight of the second. */
 struct Sample {
@@ -116,9 +143,15 @@ SDLSurface decodeImage(std::span<const std::byte> file, const std::string& exten
         SDL_SetError("The image file is truncated");
         return nullptr;
     }
+    const std::unique_ptr<SDL_RWops, SDLStreamDeleter> stream(
+        SDL_RWFromConstMem(file.data(), static_cast<int>(file.size())));
+    const Reader read = stream != nullptr ? readerOf(stream.get(), extension) : nullptr;
+    if (read == nullptr) {
+        SDL_SetError("The file is no PNG, JPEG, BMP or TGA image");
+        return nullptr;
+    }
     const SDLMemoryLimit limit(largestBlock(file.size()));
-    SDLSurface image(IMG_LoadTyped_RW(SDL_RWFromConstMem(file.data(), static_cast<int>(file.size())), 1,
-                                      extension.c_str()));
+    SDLSurface image(read(stream.get()));
     if (image != nullptr && (static_cast<std::uint32_t>(image->w) > longestSide ||
                              static_cast<std::uint32_t>(image->h) > longestSide)) {
         SDL_SetError("The image is larger than the graphics card takes");

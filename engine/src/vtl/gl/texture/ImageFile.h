@@ -6,6 +6,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace Vantrel {
 
@@ -15,9 +16,8 @@ struct SDLSurfaceDeleter {
 using SDLSurface = std::unique_ptr<SDL_Surface, SDLSurfaceDeleter>;
 
 /**
- * Reads an image of any format that SDL_image knows. Null, with SDL's error set, when the file can't be read,
- * isn't an image, is cut off, claims more pixels than its bytes can hold, or has a side longer than
- * `longestSide`.
+ * Reads a PNG, JPEG, BMP or TGA image. Null, with SDL's error set, when the file can't be read, isn't one, is
+ * cut off, claims more pixels than its bytes can hold, or has a side longer than `longestSide`.
  */
 SDLSurface readImageFile(const std::string& fileName, std::uint32_t longestSide);
 
