@@ -31,12 +31,12 @@ inline Vector normalInBlock(const ModelMeshRenderData& data, std::size_t vertex)
 }
 
 /** `count` bytes of a vertex from `offset` on. */
-inline std::vector<int> bytesInBlock(const ModelMeshRenderData& data, std::size_t vertex,
-                                     std::uint32_t offset, std::size_t count) {
+inline std::vector<std::uint8_t> bytesInBlock(const ModelMeshRenderData& data, std::size_t vertex,
+                                              std::uint32_t offset, std::size_t count) {
     const auto bytes = data.getClientBlock().subspan(vertex * data.stride + offset, count);
-    std::vector<int> values;
+    std::vector<std::uint8_t> values;
     for (const std::byte byte : bytes) {
-        values.push_back(std::to_integer<int>(byte));
+        values.push_back(std::to_integer<std::uint8_t>(byte));
     }
     return values;
 }

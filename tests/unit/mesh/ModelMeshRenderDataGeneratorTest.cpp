@@ -23,6 +23,7 @@ using Tests::indexNumbers;
 using Tests::normalInBlock;
 using Tests::positionInBlock;
 using Tests::vectorInBlock;
+using Bytes = std::vector<std::uint8_t>;
 
 constexpr auto smooth = MESH_SHADING_TYPE::mstSMOOTH;
 constexpr auto flat = MESH_SHADING_TYPE::mstFLAT;
@@ -137,7 +138,7 @@ TEST_F(ModelMeshRenderDataGeneratorTest, PlainBuildWritesEveryListAtItsPlace) {
     ASSERT_EQ(data.attributeIndexByName.at("wind"), 0U);
     EXPECT_EQ(data.attributeTypes, std::vector<std::uint32_t>{atVEC3});
     expectNear(vectorInBlock(data, 3, data.attributeOffsets[0]), {0.5F, 0.25F, 0.125F});
-    EXPECT_EQ(Tests::bytesInBlock(data, 3, data.colorOffset, 4), (std::vector{13, 14, 15, 16}));
+    EXPECT_EQ(Tests::bytesInBlock(data, 3, data.colorOffset, 4), (Bytes{13, 14, 15, 16}));
     EXPECT_EQ(reports.text(), "");
 
     const ModelMeshRenderData points = mesh.generateRenderData(none, GL_POINTS);
@@ -258,7 +259,7 @@ TEST_F(ModelMeshRenderDataGeneratorTest, FlatRunsAreIndependentOfWhatRanBefore) 
         EXPECT_EQ(indexNumbers(data), (std::vector<std::uint32_t>{0, 1, 2, 4, 5, 3}));
         ASSERT_EQ(mesh.colors.size(), 6U) << "one for each final vertex";
         EXPECT_EQ(mesh.colors[5].r, 3);
-        EXPECT_EQ(Tests::bytesInBlock(data, 5, data.colorOffset, 3), (std::vector{3, 3, 3}));
+        EXPECT_EQ(Tests::bytesInBlock(data, 5, data.colorOffset, 3), (Bytes{3, 3, 3}));
         expectNear(vectorInBlock(data, 5, data.attributeOffsets[0]), {9, 9, 9});
         EXPECT_EQ(vectorInBlock(data, 5, data.textureCoordOffsets[0]).y, 1.0F);
         EXPECT_EQ(generate(smooth).numVertices, 4U);
@@ -364,7 +365,7 @@ TEST_F(ModelMeshRenderDataGeneratorTest, AttributesOfOtherTypesAreReportedAndSta
     const ModelMeshRenderData data = generate(none);
     EXPECT_EQ(reports.text(), "Warning: Everything except atVEC3 is unimplemented!\n");
     EXPECT_EQ(keys.count(), 1);
-    EXPECT_EQ(Tests::bytesInBlock(data, 0, data.attributeOffsets[0], 4), (std::vector{0, 0, 0, 0}));
+    EXPECT_EQ(Tests::bytesInBlock(data, 0, data.attributeOffsets[0], 4), (Bytes{0, 0, 0, 0}));
 }
 
 TEST_F(ModelMeshRenderDataGeneratorTest, CombinationsWithoutGenerationEndTheProcess) {
