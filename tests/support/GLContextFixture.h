@@ -4,6 +4,8 @@
 #include "vtl/gl/GLError.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/ManagerWindowing.h"
+#include "vtl/gl/shader/ManagerShader.h"
+#include "vtl/gl/texture/ManagerTexture.h"
 
 #include "tests/support/KeyPresses.h"
 #include "tests/support/ReportCapture.h"
@@ -52,7 +54,8 @@ inline void configureGL(const GLContextRow& row, const std::vector<std::string>&
     ManagerEnvironmentConfiguration::init();
     ManagerEnvironmentConfiguration::populateFromCommandLine(
         {"{width=200}", "{height=100}", "{glContextVersion=" + row.version() + "}",
-         "{glContextProfile=" + std::string(row.profile) + "}"});
+         "{glContextProfile=" + std::string(row.profile) + "}",
+         "{sharedmultimediapath=" KELDIN_SHARED_DATA "}"});
     ManagerEnvironmentConfiguration::populateFromCommandLine(settings);
 }
 
@@ -61,9 +64,12 @@ inline void startGL(const GLContextRow& row, const std::vector<std::string>& set
     configureGL(row, settings);
     ManagerWindowing::init();
     ManagerOpenGLState::init();
+    ManagerShader::init();
 }
 
 inline void stopGL() {
+    ManagerTexture::shutdown();
+    ManagerShader::shutdown();
     ManagerOpenGLState::shutdown();
     ManagerWindowing::shutdown();
     ManagerEnvironmentConfiguration::shutdown();

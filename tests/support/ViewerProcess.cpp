@@ -78,6 +78,9 @@ ViewerProcess::ViewerProcess(const std::vector<std::string>& arguments, const st
     }
     std::vector<std::string> command{viewer, "{NetServerListenPort=" + std::to_string(listenPort) + "}",
                                      "{NetServerListenAddress=127.0.0.1}", "{width=64}", "{height=48}"};
+    if (viewer == program("keldin")) { // an installed one brings its data along
+        command.push_back("{sharedmultimediapath=" KELDIN_SHARED_DATA "}");
+    }
     command.insert(command.end(), arguments.begin(), arguments.end());
     std::array<int, 2> inputEnds{-1, -1};
     if (input == Input::open) {

@@ -46,8 +46,7 @@ void reportError(std::uint32_t index, GLenum error, std::int32_t code, const Rep
 
 } // namespace
 
-std::uint32_t checkGLError(std::int32_t code, const ReportedObject* object,
-                           SourceLocation where) {
+std::uint32_t checkGLError(std::int32_t code, const ReportedObject* object, SourceLocation where) {
     return reportGLErrors([]() -> std::uint32_t { return glGetError(); }, code, object, where);
 }
 

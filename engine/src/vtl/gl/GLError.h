@@ -1,7 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include "vtl/base/SourceLocation.h"
+
+#include <cstdint>
 
 namespace Vantrel {
 
@@ -21,5 +22,15 @@ std::uint32_t checkGLError(std::int32_t code, const ReportedObject* object = nul
  */
 std::uint32_t reportGLErrors(std::uint32_t (*nextError)(), std::int32_t code, const ReportedObject* object,
                              SourceLocation where);
+
+/** Whether `checkGLErrorOfDraw` asks GL; set while a person debugs, as the GL debug callback is. */
+inline bool areGLErrorsOfDrawsChecked = false;
+
+/** `checkGLError` for what runs for every object of every frame, where asking GL each time would be felt. */
+inline void checkGLErrorOfDraw(std::int32_t code, SourceLocation where = SourceLocation::current()) {
+    if (areGLErrorsOfDrawsChecked) {
+        checkGLError(code, nullptr, where);
+    }
+}
 
 } // namespace Vantrel

@@ -1,63 +1,15 @@
 #include "vtl/gl/LoadingScreen.h"
 
-#include "vtl/base/Report.h"
 #include "vtl/gl/GLEntryPoints.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/ScopedMatrix.h"
+#include "vtl/gl/shader/ManagerShader.h"
+#include "vtl/gl/shader/VertexAttributeLocation.h"
 #include "vtl/math/MatrixBuilders.h"
 
 #include <cstddef>
 
 namespace Vantrel {
-namespace {
-
-constexpr GLuint positionLocation = 0;
-constexpr GLuint colorLocation = 1;
-
-constexpr const char* vertexShaderSource = R"(#version 150
-uniform mat4 MVPMatrix;
-in vec3 VertexPosition;
-in vec3 VertexColor;
-out vec3 color;
-void main() {
-    color = VertexColor;
-    gl_Position = MVPMatrix * vec4(VertexPosition, 1.0);
-}
-)";
-
-constexpr const char* fragmentShaderSource = R"(#version 150
-in vec3 color;
-out vec4 FragColor;
-void main() {
-    FragColor = vec4(color, 1.0);
-}
-)";
-
-/** Empty when the stage doesn't compile. */
-GLShader compileShader(GLenum stage, const char* source) {
-    GLShader shader = GLShader::create(stage);
-    glShaderSource(shader.get(), 1, &source, nullptr);
-    glCompileShader(shader.get());
-    GLint isCompiled = GL_FALSE;
-    glGetShaderiv(shader.get(), GL_COMPILE_STATUS, &isCompiled);
-    return isCompiled == GL_TRUE ? std::move(shader) : GLShader();
-}
-
-/** Empty when the two stages don't make a program. */
-GLProgram linkProgram(const GLShader& vertexShader, const GLShader& fragmentShader) {
-    GLProgram program = GLProgram::create();
-    glAttachShader(program.get(), vertexShader.get());
-    glAttachShader(program.get(), fragmentShader.get());
-    glBindAttribLocation(program.get(), positionLocation, "VertexPosition");
-    glBindAttribLocation(program.get(), colorLocation, "VertexColor");
-    glLinkProgram(program.get());
-    GLint isLinked = GL_FALSE;
-    glGetProgramiv(program.get(), GL_LINK_STATUS, &isLinked);
-    return isLinked == GL_TRUE ? std::move(program) : GLProgram();
-}
-
-} // namespace
-
 LoadingScreen::LoadingScreen() {
     if (!ManagerWindowing::hasContext() || !areGL21EntryPointsLoaded()) {
         return;
@@ -66,21 +18,9 @@ LoadingScreen::LoadingScreen() {
         drawable = ManagerOpenGLState::isCompatibilityProfile();
         return;
     }
-    buildProgram();
     vertexArray = GLVertexArray::create();
     vertexBuffer = GLBuffer::create();
-    drawable = program && vertexArray && vertexBuffer;
-}
-
-void LoadingScreen::buildProgram() {
-    const GLShader vertexShader = compileShader(GL_VERTEX_SHADER, vertexShaderSource);
-    const GLShader fragmentShader = compileShader(GL_FRAGMENT_SHADER, fragmentShaderSource);
-    if (vertexShader && fragmentShader) {
-        program = linkProgram(vertexShader, fragmentShader);
-    }
-    if (!program) {
-        Report() << "WARNING: the program of the loading screen can't be built...\n";
-    }
+    drawable = ManagerShader::getDefaultLoadingScreenShader() != nullptr && vertexArray && vertexBuffer;
 }
 
 void LoadingScreen::drawPicture() const {
@@ -124,26 +64,28 @@ void LoadingScreen::draw(const Picture& picture) const {
 }
 
 void LoadingScreen::drawWithShader(const Picture& picture) const {
-    const Mat4 transform = picture.projection * picture.view;
+    auto& shader = *ManagerShader::getDefaultLoadingScreenShader();
+    shader.bind(picture.projection * picture.view);
+    glBindVertexArray(vertexArray.get());
+    glBindBuffer(GL_ARRAY_BUFFER, vertexBuffer.get());
+    sendCorners(picture);
+    glDrawArrays(GL_TRIANGLE_FAN, 0, static_cast<GLsizei>(picture.corners.size()));
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+    glBindVertexArray(0);
+    shader.unbind();
+}
+
+void LoadingScreen::sendCorners(const Picture& picture) const {
     const auto* const colorOffset = reinterpret_cast<const void*>(offsetof(Corner, color));
     constexpr GLint componentCount = 3;
     constexpr GLsizei stride = sizeof(Corner);
-
-    glUseProgram(program.get());
-    glBindVertexArray(vertexArray.get());
-    glBindBuffer(GL_ARRAY_BUFFER, vertexBuffer.get());
-
-    glUniformMatrix4fv(glGetUniformLocation(program.get(), "MVPMatrix"), 1, GL_FALSE, transform.m.data());
     glBufferData(GL_ARRAY_BUFFER, sizeof(picture.corners), picture.corners.data(), GL_STREAM_DRAW);
-    glEnableVertexAttribArray(positionLocation);
-    glEnableVertexAttribArray(colorLocation);
-    glVertexAttribPointer(positionLocation, componentCount, GL_FLOAT, GL_FALSE, stride, nullptr);
-    glVertexAttribPointer(colorLocation, componentCount, GL_FLOAT, GL_FALSE, stride, colorOffset);
-    glDrawArrays(GL_TRIANGLE_FAN, 0, static_cast<GLsizei>(picture.corners.size()));
-
-    glBindBuffer(GL_ARRAY_BUFFER, 0);
-    glBindVertexArray(0);
-    glUseProgram(0);
+    glEnableVertexAttribArray(VertexAttributeLocation::position);
+    glEnableVertexAttribArray(VertexAttributeLocation::color);
+    glVertexAttribPointer(VertexAttributeLocation::position, componentCount, GL_FLOAT, GL_FALSE, stride,
+                          nullptr);
+    glVertexAttribPointer(VertexAttributeLocation::color, componentCount, GL_FLOAT, GL_FALSE, stride,
+                          colorOffset);
 }
 
 void LoadingScreen::drawFixedFunction(const Picture& picture) {

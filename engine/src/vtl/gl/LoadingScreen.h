@@ -7,19 +7,16 @@
 
 namespace Vantrel {
 
-/**
- * Draws the pictures of the loading time with nothing but what the program itself holds, so that they show
- * without any data file. Draws into the current buffer and leaves the showing to the caller. Needs a context.
- */
+/** Draws the pictures of the loading time into the current buffer and leaves the showing to the caller. */
 class LoadingScreen {
 public:
     /** Red, green, blue from 0 to 1. */
     using Color = std::array<float, 3>;
 
-    /** Makes a small program of its own from GL 3.2 on. */
+    /** From GL 3.2 on draws with the shader that `ManagerShader` has for it. */
     LoadingScreen();
 
-    /** False where entry points are missing or the program can't be built. */
+    /** False without a context, where entry points are missing, and where there is no shader yet. */
     bool isDrawable() const { return drawable; }
 
     /** Clears, then draws a square with corners in black, red, green and blue, clockwise from bottom left. */
@@ -39,13 +36,12 @@ private:
         std::array<Corner, 4> corners;
     };
 
-    void buildProgram();
     void draw(const Picture& picture) const;
     void drawWithShader(const Picture& picture) const;
+    void sendCorners(const Picture& picture) const;
     static void drawFixedFunction(const Picture& picture);
 
     bool drawable = false;
-    GLProgram program;
     GLVertexArray vertexArray;
     GLBuffer vertexBuffer;
 };

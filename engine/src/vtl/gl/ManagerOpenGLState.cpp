@@ -101,6 +101,7 @@ void ManagerOpenGLState::reInitOpenGLState() {
     checkGLError(510010);
     stubMissingGLFunctions();
     checkGLError(510011);
+    areGLErrorsOfDrawsChecked = isDebugCallbackWanted();
     Report() << "Unsupported functions stubified.\n";
     if (ManagerWindowing::hasContext()) {
         readCapabilities();

@@ -5,9 +5,12 @@
 #include "vtl/base/ManagerSDLTime.h"
 #include "vtl/base/Report.h"
 #include "vtl/base/StopSignals.h"
+#include "vtl/gl/DebugView.h"
 #include "vtl/gl/GLError.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/ManagerWindowing.h"
+#include "vtl/gl/shader/ManagerShader.h"
+#include "vtl/gl/texture/ManagerTexture.h"
 #include "vtl/net/ManagerSerializableNetMsgMap.h"
 #include "vtl/net/NetMessengerServer.h"
 #include "vtl/render/VantrelGLRenderer.h"
@@ -190,6 +193,7 @@ void GLView::initServer() {
 void GLView::initWindow() {
     constexpr std::int32_t afterWindowing = 212123;
     constexpr std::int32_t afterState = 212124;
+    constexpr std::int32_t afterShader = 212125;
     constexpr std::int32_t afterLoadingScreen = 212126;
     ManagerWindowing::init();
     reportStep("Initialized ManagerWindowing...");
@@ -198,6 +202,9 @@ void GLView::initWindow() {
     ManagerOpenGLState::init();
     reportStep("Initialized ManagerOpenGLState...");
     checkGLError(afterState);
+    ManagerShader::init();
+    reportStep("Initialized ManagerShader...");
+    checkGLError(afterShader);
     ManagerWindowing::drawLoadingScreen();
     checkGLError(afterLoadingScreen);
     reportStep("Finished Drawing ManagerWindows::drawLoadingScreen()...");
@@ -205,10 +212,14 @@ void GLView::initWindow() {
 
 void GLView::initDrawing() {
     constexpr std::int32_t afterRenderer = 212127;
+    constexpr std::int32_t afterTexture = 212129;
     initCameraState();
     createCamera();
     renderer = VantrelGLRenderer::New();
     checkGLError(afterRenderer);
+    ManagerTexture::init();
+    checkGLError(afterTexture);
+    reportStep("Initialized ManagerTexture:...");
 }
 
 void GLView::initWorld() {
@@ -297,6 +308,7 @@ void GLView::updateWorld() {
     if (netServer != nullptr) {
         netServer->update();
     }
+    ManagerTexture::update();
 }
 
 void GLView::updateWorldObjects() {
@@ -319,6 +331,8 @@ void GLView::destroyWorld() {
 void GLView::shutdownManagers() {
     ManagerGLView::shutdown();
     ManagerSerializableNetMsgMap::shutdown();
+    ManagerTexture::shutdown();
+    ManagerShader::shutdown();
     ManagerWindowing::shutdown();
     ManagerOpenGLState::shutdown();
     Configuration::shutdown();
@@ -384,6 +398,12 @@ void GLView::onKeyDown(const SDL_KeyboardEvent& event) {
     case SDLK_F5:
         Report()
             << "VANTREL Lib build without preprocessor '#define VTL_CONFIG_USE_TNL'. No TNL Networking.\n";
+        break;
+    case SDLK_F6:
+        debugViewEnabled = !debugViewEnabled;
+        break;
+    case SDLK_F7:
+        Report() << ManagerTexture::toString() << "\n";
         break;
     default:
         break;

@@ -1,0 +1,16 @@
+#version 150
+// Text of one picture a glyph: how far a pixel is covered stands in all channels of the picture.
+
+uniform sampler2D TexUnit0;
+uniform vec4 Color;
+uniform int useFradeDepth; // not 0: the text lies at the depth `fragDepth`, whatever stands before it
+uniform float fragDepth;
+
+in vec2 texCoord;
+
+out vec4 FragColor;
+
+void main() {
+    FragColor = Color * texture(TexUnit0, texCoord);
+    gl_FragDepth = useFradeDepth != 0 ? fragDepth : gl_FragCoord.z;
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "vtl/gl/shader/GLSLShader.h"
+#include "vtl/gl/shader/SharedShader.h"
+
+namespace Vantrel {
+
+/** Draws text of one picture a glyph. */
+class GLSLShaderFont40 : public GLSLShader {
+public:
+    static constexpr const char* vertexFile = "shaders/font40.vert";
+    static constexpr const char* fragmentFile = "shaders/font40.frag";
+    static std::unique_ptr<GLSLShaderFont40> New();
+    explicit GLSLShaderFont40(const GLSLShaderDataShared* data);
+    std::unique_ptr<GLSLShader> clone() const override;
+
+    using GLSLShader::bind;
+    void bind(const Mat4& modelMatrix, const ShaderCamera& camera);
+    /** Without binding. */
+    void setMatrices(const Mat4& modelMatrix, const ShaderCamera& camera);
+    void setColor(const vtlColor4f& color);
+
+private:
+    enum UniformPosition : std::size_t { model, mvpMatrix, textureUnit, textColor };
+};
+
+} // namespace Vantrel

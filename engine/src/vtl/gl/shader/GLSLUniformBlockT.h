@@ -1,0 +1,44 @@
+#pragma once
+
+#include "vtl/gl/GLHandle.h"
+
+#include <GL/glew.h>
+#include <cstdint>
+
+namespace Vantrel {
+
+/**
+ * A uniform buffer with a plain structure `T` in it, attached to the binding point that `T` names. Programs
+ * find it by that point. Needs a context of 3.2 or later.
+ */
+template <class T>
+class GLSLUniformBlockT {
+public:
+    GLSLUniformBlockT() : buffer(GLBuffer::create()) {
+        glBindBuffer(GL_UNIFORM_BUFFER, buffer.get());
+        glBufferData(GL_UNIFORM_BUFFER, bufferSize, nullptr, GL_DYNAMIC_DRAW);
+        glBindBuffer(GL_UNIFORM_BUFFER, 0);
+        upload();
+        glBindBufferBase(GL_UNIFORM_BUFFER, T::bindingPoint, buffer.get());
+    }
+
+    /** Sends `data` to the card. */
+    void upload() const {
+        glBindBuffer(GL_UNIFORM_BUFFER, buffer.get());
+        glBufferSubData(GL_UNIFORM_BUFFER, 0, sizeof(T), &data);
+        glBindBuffer(GL_UNIFORM_BUFFER, 0);
+    }
+
+    std::uint32_t getBuffer() const { return buffer.get(); }
+
+    T data;
+
+private:
+    /** Drivers count a block in whole vec4, and may refuse to draw from a buffer that ends before its block.
+     */
+    static constexpr GLsizeiptr bufferSize = (sizeof(T) + 15) / 16 * 16;
+
+    GLBuffer buffer;
+};
+
+} // namespace Vantrel

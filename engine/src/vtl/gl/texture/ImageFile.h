@@ -1,0 +1,28 @@
+#pragma once
+
+#include <SDL.h>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace Vantrel {
+
+struct SDLSurfaceDeleter {
+    void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
+};
+using SDLSurface = std::unique_ptr<SDL_Surface, SDLSurfaceDeleter>;
+
+/**
+ * Reads an image of any format that SDL_image knows. Null, with SDL's error set, when the file can't be read,
+ * isn't an image, is cut off, or claims a side longer than `longestSide`.
+ */
+SDLSurface readImageFile(const std::string& fileName, std::uint32_t longestSide);
+
+/** An image as GL takes it: 4 bytes a pixel, red, green, blue and alpha, the bottom row first. Null on
+ * failure. */
+SDLSurface convertToGLCoordinates(SDLSurface image);
+
+/** An image of 4 bytes a pixel scaled to another size, sampled bilinearly at each new pixel's centre. */
+SDLSurface resizeImage(const SDL_Surface& source, std::uint32_t width, std::uint32_t height);
+
+} // namespace Vantrel
