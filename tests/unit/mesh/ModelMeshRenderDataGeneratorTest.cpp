@@ -176,8 +176,8 @@ TEST_F(ModelMeshRenderDataGeneratorTest, CubeIsFlatWith36VerticesAndSmoothWith8)
     EXPECT_EQ(reports.text(), "Generating Flat Triangles\nGenerating Smooth Triangles.\n");
 }
 
-/** What an ordered map of exact positions gives. */
-std::vector<Vector> plainSmoothNormals(const ModelMeshRenderDataGenerator& mesh) {
+/** What an ordered map of exact positions gives, as sums. */
+std::vector<VectorD> plainNormalSums(const ModelMeshRenderDataGenerator& mesh) {
     using Place = std::tuple<float, float, float>;
     const auto placeOf = [](const Vector& v) { return Place(v.x, v.y, v.z); };
     std::map<Place, VectorD> sums;
@@ -194,13 +194,11 @@ std::vector<Vector> plainSmoothNormals(const ModelMeshRenderDataGenerator& mesh)
             sum = sum + VectorD(normal.x, normal.y, normal.z);
         }
     }
-    std::vector<Vector> normals;
+    std::vector<VectorD> sumsOfVertices;
     for (const Vector& v : mesh.vertices) {
-        const VectorD normal = sums[placeOf(v)].normalizeMe();
-        normals.emplace_back(static_cast<float>(normal.x), static_cast<float>(normal.y),
-                             static_cast<float>(normal.z));
+        sumsOfVertices.push_back(sums[placeOf(v)]);
     }
-    return normals;
+    return sumsOfVertices;
 }
 
 TEST_F(ModelMeshRenderDataGeneratorTest, SmoothNormalsAreTheMeanOfAllFacesAtThePlace) {
@@ -217,10 +215,19 @@ TEST_F(ModelMeshRenderDataGeneratorTest, SmoothNormalsAreTheMeanOfAllFacesAtTheP
         mesh.indices.resize(vertexCount);
         std::iota(mesh.indices.begin(), mesh.indices.end(), 0U);
         const ModelMeshRenderData data = generate(smooth);
-        const std::vector<Vector> expected = plainSmoothNormals(mesh);
+        const std::vector<VectorD> sums = plainNormalSums(mesh);
+        std::size_t compared = 0;
         for (std::size_t i = 0; i < vertexCount; ++i) {
-            EXPECT_LT(normalInBlock(data, i).distanceFrom(expected[i]), 1e-4F) << i;
+            // Normals that cancel each other leave nothing but rounding.
+            if (sums[i].magnitude() > 0.01) {
+                const Vector normal = normalInBlock(data, i);
+                EXPECT_NEAR(VectorD(normal.x, normal.y, normal.z).distanceFrom(sums[i].normalizeMe()), 0,
+                            1e-3)
+                    << i;
+                ++compared;
+            }
         }
+        EXPECT_GT(compared, vertexCount / 2);
     }
 }
 

@@ -17,7 +17,7 @@ TEST(ModelMeshRenderDataTest, NormalLinesStandOnTheVertices) {
     mesh.indices = {0, 1, 2};
     ModelMeshRenderData data = mesh.generateRenderData(MESH_SHADING_TYPE::mstSMOOTH, GL_TRIANGLES);
     EXPECT_EQ(data.normalLineIndices, nullptr);
-    data.buildNormalLines(data.getClientBlock());
+    data.buildNormalLines();
     EXPECT_EQ(data.normalLineNumVertices, 8U);
     EXPECT_EQ(
         Tests::indexNumbers(data.normalLineIndices, data.normalLineNumIndices, data.normalLineIndexType),
@@ -30,7 +30,7 @@ TEST(ModelMeshRenderDataTest, NormalLinesStandOnTheVertices) {
         << "more vertices than the block has";
 
     ModelMeshRenderData plain = mesh.generateRenderData(MESH_SHADING_TYPE::mstNONE, GL_TRIANGLES);
-    plain.buildNormalLines(plain.getClientBlock());
+    plain.buildNormalLines();
     EXPECT_EQ(plain.normalLineNumVertices, 0U);
 }
 

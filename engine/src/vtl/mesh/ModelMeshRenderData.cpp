@@ -1,6 +1,9 @@
 #include "vtl/mesh/ModelMeshRenderData.h"
 
 #include "vtl/base/Report.h"
+#include "vtl/gl/GLError.h"
+#include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/gl/shader/VertexAttributeLocation.h"
 #include "vtl/math/VectorT.h"
 
 #include <algorithm>
@@ -19,6 +22,11 @@ std::unique_ptr<std::byte[]> narrowed(std::span<const std::uint32_t> numbers) {
         std::memcpy(bytes.get() + i * sizeof(Number), &number, sizeof(Number));
     }
     return bytes;
+}
+
+/** A place in the bound buffer, in the form in which GL takes it. */
+const void* bufferOffset(std::uint32_t offset) {
+    return reinterpret_cast<const void*>(std::uintptr_t{offset});
 }
 
 } // namespace
@@ -66,9 +74,139 @@ std::span<const std::byte> ModelMeshRenderData::getClientBlock() const {
     return {vertexData.get(), std::size_t{numVertices} * stride};
 }
 
-void ModelMeshRenderData::buildNormalLines(std::span<const std::byte> block) {
+GLint ModelMeshRenderData::floatsFrom(std::uint32_t offset, GLint wanted) const {
+    const std::uint32_t there = stride > offset ? (stride - offset) / sizeof(float) : 0;
+    return std::min(wanted, static_cast<GLint>(there));
+}
+
+void ModelMeshRenderData::createBuffers() {
+    if (!ManagerOpenGLState::areVertexBuffersSupported() || vertexData == nullptr) {
+        return;
+    }
+    VBOVtx = GLBuffer::create();
+    VBOIdx = GLBuffer::create();
+    glBindBuffer(GL_ARRAY_BUFFER, VBOVtx.get());
+    glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(getClientBlock().size()), vertexData.get(),
+                 GL_STATIC_DRAW);
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, VBOIdx.get());
+    glBufferData(GL_ELEMENT_ARRAY_BUFFER, GLsizeiptr{numIndices} * sizeOfIndexType(indexType), indices.get(),
+                 GL_STATIC_DRAW);
+    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
+    if (ManagerOpenGLState::isVersion32OrGreater()) {
+        vertexArrayObject = GLVertexArray::create();
+        glBindVertexArray(vertexArrayObject.get());
+        describeVertexArray();
+        glBindVertexArray(0);
+        glBindBuffer(GL_ARRAY_BUFFER, 0);
+    }
+    checkGLError(420001);
+}
+
+/** Tells the bound vertex array what a vertex consists of. Other attributes have no location of their own. */
+void ModelMeshRenderData::describeVertexArray() const {
+    const auto enable = [this](GLuint location, GLint count, GLenum type, std::uint32_t offset) {
+        glEnableVertexAttribArray(location);
+        glVertexAttribPointer(location, count, type, type == GL_UNSIGNED_BYTE ? GL_TRUE : GL_FALSE,
+                              static_cast<GLsizei>(stride), bufferOffset(offset));
+    };
+    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, VBOIdx.get());
+    glBindBuffer(GL_ARRAY_BUFFER, VBOVtx.get());
+    enable(VertexAttributeLocation::position, 3, GL_FLOAT, positionOffset);
+    if (hasNormals) {
+        enable(VertexAttributeLocation::normal, 3, GL_FLOAT, normalOffset);
+    }
+    const GLint coords = textureCoordOffsets.empty() ? 0 : floatsFrom(textureCoordOffsets[0], 2);
+    if (coords > 0) {
+        enable(VertexAttributeLocation::textureCoord, coords, GL_FLOAT, textureCoordOffsets[0]);
+    }
+    if (hasColors) {
+        enable(VertexAttributeLocation::color, colorFormat == GL_RGBA ? 4 : 3, GL_UNSIGNED_BYTE, colorOffset);
+    }
+}
+
+void ModelMeshRenderData::releaseClientData() {
+    indices.reset();
+    vertexData.reset();
+}
+
+void ModelMeshRenderData::releaseAll() {
+    *this = ModelMeshRenderData();
+}
+
+bool ModelMeshRenderData::mapVBODataToClientMemory(GLenum access) {
+    if (!VBOVtx) {
+        Report() << "ERROR: VBOVtx handle is 0. Server-side VBO does not exist.\n"
+                    "   cannot map non-existant VBO to client-side memory...\n";
+        return false;
+    }
+    if (mappedVertexData != nullptr) {
+        return true;
+    }
+    glBindBuffer(GL_ARRAY_BUFFER, VBOVtx.get());
+    mappedVertexData = static_cast<std::byte*>(glMapBuffer(GL_ARRAY_BUFFER, access));
+    if (mappedVertexData == nullptr) {
+        glBindBuffer(GL_ARRAY_BUFFER, 0);
+        Report() << "ERROR: glMapBuffer failed to map a valid server-side VBO\n"
+                    "   to client-side memory. This could result from low virtual\n"
+                    "   memory.\n";
+        return false;
+    }
+    return true;
+}
+
+void ModelMeshRenderData::unmapVBODataFromClientMemory() {
+    if (mappedVertexData == nullptr) {
+        return;
+    }
+    glBindBuffer(GL_ARRAY_BUFFER, VBOVtx.get());
+    glUnmapBuffer(GL_ARRAY_BUFFER);
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+    mappedVertexData = nullptr;
+}
+
+bool ModelMeshRenderData::setColorArrayAtIndexInVertexList(std::uint32_t index, const std::uint8_t* color) {
+    if (VBOIdx && mappedVertexData == nullptr) {
+        Report() << "bool ModelMeshRenderData::setColorArrayAtIndexInVertexList(...)\n"
+                    "   mapVBODataToClientMemory() must be invoked prior to calling this method...\n";
+        return false;
+    }
+    std::byte* const block = VBOVtx && mappedVertexData != nullptr ? mappedVertexData : vertexData.get();
+    if (index >= numVertices || block == nullptr) {
+        Report() << "ModelMeshRenderData::setColorArrayAtIndexInVertexList()... Index out of range,\n"
+                    "not setting color array...\n";
+        return false;
+    }
+    if (!hasColors) {
+        Report() << "ModelMeshRenderData::setColorArrayAtIndexInVertexList()... The mesh has no colors,\n"
+                    "not setting color array...\n";
+        return false;
+    }
+    const std::size_t bytes = colorFormat == GL_RGBA ? 4 : colorFormat == GL_RGB ? 3 : 0;
+    std::memcpy(block + std::size_t{index} * stride + colorOffset, color, bytes);
+    return true;
+}
+
+/** A copy of the vertex block on the card. */
+std::vector<std::byte> ModelMeshRenderData::readBlock() const {
+    std::vector<std::byte> block(std::size_t{numVertices} * stride);
+    glBindBuffer(GL_ARRAY_BUFFER, VBOVtx.get());
+    glGetBufferSubData(GL_ARRAY_BUFFER, 0, static_cast<GLsizeiptr>(block.size()), block.data());
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+    return block;
+}
+
+void ModelMeshRenderData::buildNormalLines() {
     if (!hasNormals) {
         return;
+    }
+    std::vector<std::byte> copy;
+    std::span<const std::byte> block = getClientBlock();
+    if (mappedVertexData != nullptr) {
+        block = {mappedVertexData, std::size_t{numVertices} * stride};
+    } else if (VBOVtx) {
+        copy = readBlock();
+        block = copy;
     }
     normalLineVertices = normalLineVerticesOf(block, numVertices, stride, positionOffset, normalOffset);
     normalLineNumVertices = static_cast<std::uint32_t>(normalLineVertices.size() / 3);
@@ -76,6 +214,8 @@ void ModelMeshRenderData::buildNormalLines(std::span<const std::byte> block) {
     normalLineIndices = std::move(ends.data);
     normalLineNumIndices = ends.count;
     normalLineIndexType = ends.type;
+    normalLineLength = 1.0F;
+    isNormalLineBufferCurrent = false;
 }
 
 void ModelMeshRenderData::scaleNormalLines(float length) {
@@ -89,6 +229,39 @@ void ModelMeshRenderData::scaleNormalLines(float length) {
         ends[4] = head.y;
         ends[5] = head.z;
     }
+    normalLineLength = length;
+    isNormalLineBufferCurrent = false;
+}
+
+bool ModelMeshRenderData::prepareNormalLines(float length) {
+    const bool areBuilt = !normalLineVertices.empty();
+    if (areBuilt && normalLineLength == length) {
+        return true;
+    }
+    // From the block: short lines have lost their direction.
+    buildNormalLines();
+    if (length != normalLineLength) {
+        scaleNormalLines(length);
+    }
+    return !normalLineVertices.empty();
+}
+
+void ModelMeshRenderData::bindNormalLineArray() {
+    if (!normalLineArray) {
+        normalLineArray = GLVertexArray::create();
+        normalLineBuffer = GLBuffer::create();
+    }
+    glBindVertexArray(normalLineArray.get());
+    if (isNormalLineBufferCurrent) {
+        return;
+    }
+    glBindBuffer(GL_ARRAY_BUFFER, normalLineBuffer.get());
+    glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(normalLineVertices.size() * sizeof(float)),
+                 normalLineVertices.data(), GL_STATIC_DRAW);
+    glEnableVertexAttribArray(VertexAttributeLocation::position);
+    glVertexAttribPointer(VertexAttributeLocation::position, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+    isNormalLineBufferCurrent = true;
 }
 
 std::vector<float> normalLineVerticesOf(std::span<const std::byte> block, std::uint32_t vertexCount,
