@@ -75,8 +75,8 @@ std::span<const std::byte> ModelMeshRenderData::getClientBlock() const {
 }
 
 GLint ModelMeshRenderData::floatsFrom(std::uint32_t offset, GLint wanted) const {
-    const std::uint32_t there = stride > offset ? (stride - offset) / sizeof(float) : 0;
-    return std::min(wanted, static_cast<GLint>(there));
+    const std::size_t there = stride > offset ? (stride - offset) / sizeof(float) : 0;
+    return static_cast<GLint>(std::min(static_cast<std::size_t>(wanted), there));
 }
 
 void ModelMeshRenderData::createBuffers() {
