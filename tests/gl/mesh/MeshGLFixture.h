@@ -83,7 +83,12 @@ protected:
         ManagerOpenGLState::setGlobalAmbient(ambientColor);
     }
 
+    /** Leaves behind what another mesh might have: a current normal and a current colour. */
     static void clearPicture() {
+        if (isShaderPath()) {
+            glVertexAttrib3f(1, 0, 0, 1);
+            glVertexAttrib4f(3, 1, 0, 1, 1);
+        }
         ManagerOpenGLState::restorePerObjectState();
         glClearColor(0, 0, 0, 1);
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
@@ -98,6 +103,7 @@ protected:
         const ModelMeshMatrices matrices{identity, normalMatrix, *camera};
         skin.bind(&matrices);
         mesh.render(skin);
+        EXPECT_EQ(ManagerShader::getCurrentProgram(), skin.shader != nullptr ? skin.shader->getProgram() : 0);
         skin.unbind();
         EXPECT_EQ(checkGLError(0), 0U) << reports.text();
     }

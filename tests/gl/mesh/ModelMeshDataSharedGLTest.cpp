@@ -255,19 +255,22 @@ TEST_P(ModelMeshDataSharedGLTest, NormalLinesStandOnTheVerticesInYellow) {
         EXPECT_GE(countYellow(shown, 215, 184, 201), isWide ? 4 : 1);
         EXPECT_EQ(countYellow(shown, 230, 0, 256), 0);
         EXPECT_FALSE(glIsEnabled(GL_LINE_SMOOTH));
+        float widthAfter = 0;
+        glGetFloatv(GL_LINE_WIDTH, &widthAfter);
+        EXPECT_EQ(widthAfter, 1.0F);
         skin.shadingType = none;
         EXPECT_EQ(countYellow(pictureOf(mesh, skin), 150, 0, 256), 0) << "no normals, no lines";
     }
 }
 
 TEST_P(ModelMeshDataSharedGLTest, TwoSkinsOfOneMeshKeepTheirLengthsOfNormals) {
-    lookFrom(Vector(0, -10, 0), unitZ);
+    lookFrom(Vector(0, -10, 0), unitZ, 2);
     ModelMeshDataShared mesh(squareMesh(0.5F));
-    for (const float length : {0.25F, 0.75F, 0.25F}) {
+    for (const float length : {0.25F, 1.0F, 0.5F}) {
         ModelMeshSkin skin = skinWith(flat);
         skin.renderNormals = true;
         skin.normalLength = length;
-        const int top = 128 + static_cast<int>(128 * length);
+        const int top = 128 + static_cast<int>(64 * length);
         const PixelPicture shown = pictureOf(mesh, skin);
         EXPECT_GE(countYellow(shown, top - 4, 0, 256), 1);
         EXPECT_EQ(countYellow(shown, top + 4, 0, 256), 0);
@@ -303,14 +306,18 @@ TEST_P(ModelMeshDataSharedGLTest, FixedFunctionPathFeedsEveryTextureUnitAndShade
         GTEST_SKIP() << "fixed-function path only";
     }
     const auto half = image(1, {128, 255, 255, 255});
+    const auto white = image(1, {255, 255, 255, 255});
     const auto sides = image(2, {255, 0, 0, 255, 255, 255, 255, 255, 255, 0, 0, 255, 255, 255, 255, 255});
-    ModelMeshDataShared mesh(squareMesh(1));
+    auto square = squareMesh(1);
+    square->textureCoordSets.insert(square->textureCoordSets.begin(), {.coords = {4, Vector()}});
+    ModelMeshDataShared mesh(std::move(square));
     ModelMeshSkin skin(textureOn(*half));
+    skin.textures.push_back(textureOn(*white));
     skin.textures.push_back(textureOn(*sides));
-    skin.textures[1]->setMagFilter(GL_NEAREST);
+    skin.textures[2]->setMagFilter(GL_NEAREST);
     skin.shadingType = none;
     const PixelPicture shown = pictureOf(mesh, skin);
-    EXPECT_LE(Tests::worstDifference(shown.at(20, 128), {128, 0, 0}), 1) << "the last set goes to unit 1 too";
+    EXPECT_LE(Tests::worstDifference(shown.at(20, 128), {128, 0, 0}), 1) << "the last set goes to unit 2 too";
     EXPECT_LE(Tests::worstDifference(shown.at(236, 128), {128, 255, 255}), 1);
     EXPECT_FALSE(glIsEnabled(GL_TEXTURE_COORD_ARRAY));
 
@@ -326,6 +333,7 @@ TEST_P(ModelMeshDataSharedGLTest, FixedFunctionPathFeedsEveryTextureUnitAndShade
         skin.shader->addAttribute(GLSLAttribute(name, atVEC3, skin.shader->getProgram()));
     }
     mesh.getGenerator().generateTangents = true;
+    mesh.getGenerator().textureCoordSets.erase(mesh.getGenerator().textureCoordSets.begin());
     for (const MESH_RENDER_TYPE renderType : {inBuffers, inClientMemory}) {
         mesh.regenerateRenderData(smooth, renderType, GL_TRIANGLES);
         skin.shadingType = smooth;
