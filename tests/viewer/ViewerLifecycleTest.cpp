@@ -1,5 +1,6 @@
 #include "client/lib/Connection.h"
 #include "client/lib/MessageCatalogue.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/support/ViewerProcess.h"
 #include "vtl/net/NetMsg.h"
 
@@ -158,6 +159,39 @@ TEST(ViewerLifecycleTest, AStopSignalIsAlsoTheKeyOfALaterPause) {
     expectInOrder(viewer.output(),
                   {"ERROR ManagerWindowing::init(): Failed to create OpenGL Context Window: '",
                    "Pausing... (remove me)\n", "SDL_QUIT event received...\n", lastLine});
+}
+
+TEST(ViewerLifecycleTest, WithoutItsShadersOrItsDefaultImageItTellsWhichAndEnds) {
+    namespace fs = std::filesystem;
+    struct Row {
+        const char* file;
+        const char* content; ///< null: the file is missing
+        std::vector<std::string> texts;
+    };
+    for (const Row& row :
+         {Row{"shaders/defaultGL32.frag",
+              nullptr,
+              {"shaders/defaultGL32.frag failed to open.\n",
+               "ERROR: Failed to load DEFAULT_SHADER 'shaders/defaultGL32.vert'",
+               "Press ENTER to exit...\n"}},
+          Row{"shaders/defaultOrthoStencilGL32.vert",
+              "#version 150\nvoid main() { gl_Position = vec5(1.0); }\n",
+              {"vec5", "Vertex Shader compile log:\n", "Failed to compile shader ", "Linking!\n",
+               "ERROR: Failed to load DEFAULT_SHADER 'shaders/defaultOrthoStencilGL32.vert'",
+               "Press ENTER to exit...\n"}},
+          Row{"images/DefaultTexture.bmp",
+              nullptr,
+              {"ERROR: Failed to load DEFAULT_TEXTURE ", "Press ENTER to exit...\n"}}}) {
+        const Tests::TemporaryFolder data;
+        fs::copy(KELDIN_SHARED_DATA, data.path(""), fs::copy_options::recursive);
+        fs::remove(data.path(row.file));
+        if (row.content != nullptr) {
+            data.write(row.file, row.content);
+        }
+        ViewerProcess viewer({"{glContextVersion=3.3}", "{sharedmultimediapath=" + data.path("") + "}"});
+        EXPECT_EQ(viewer.waitForEnd(), 255) << viewer.output();
+        expectInOrder(viewer.output(), row.texts);
+    }
 }
 
 TEST(ViewerLifecycleTest, AnOutputThatNobodyReadsDoesNotKeepItFromStopping) {

@@ -1,25 +1,25 @@
 #include "vtl/gl/texture/ImageFile.h"
 
 #include "vtl/base/Report.h"
-#include "vtl/gl/texture/ImageHeader.h"
+#include "vtl/gl/texture/CutOffJPEG.h"
+#include "vtl/gl/texture/SDLMemoryLimit.h"
 
 #include <SDL_image.h>
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <filesystem>
+#include <fstream>
 #include <limits>
-#include <span>
+#include <optional>
 #include <utility>
+#include <vector>
 
 namespace Vantrel {
 namespace {
 
 constexpr int bytesPerPixel = 4;
-
-struct SDLMemoryDeleter {
-    void operator()(void* memory) const { SDL_free(memory); }
-};
 
 /** In memory, red, green, blue, alpha, as GL_RGBA with GL_UNSIGNED_BYTE has it. */
 SDLSurface newSurface(int width, int height) {
@@ -43,23 +43,31 @@ void flipRows(SDL_Surface& image) {
     }
 }
 
-bool isTooLong(std::uint64_t side, std::uint32_t longestSide) {
-    return side > longestSide;
+/**
+ * The largest block that reading a file of `fileSize` bytes may take: the densest of the formats, deflate
+ * with one bit a pixel, gets 8 * 1032 pixels out of a byte.
+ */
+std::size_t largestBlock(std::size_t fileSize) {
+    constexpr std::size_t pixelsInByte = 8256;
+    return fileSize * pixelsInByte * bytesPerPixel;
 }
 
-/** Null, with SDL's error set, for a header that mustn't be followed. */
-SDLSurface decode(std::span<const std::byte> file, const std::string& extension, std::uint32_t longestSide) {
-    const ImageHeader header = readImageHeader(file, extension);
-    if (header.verdict == ImageHeader::Verdict::truncated) {
-        SDL_SetError("The image file is truncated");
-        return nullptr;
+/** None for what is no plain file, and for one that SDL's streams are too short for. */
+std::optional<std::vector<std::byte>> readFile(const std::string& fileName) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(fileName, error)) {
+        return std::nullopt;
     }
-    if (isTooLong(header.width, longestSide) || isTooLong(header.height, longestSide)) {
-        SDL_SetError("The image is larger than the graphics card takes");
-        return nullptr;
+    std::ifstream in(fileName, std::ios::binary | std::ios::ate);
+    const std::streamoff size = in.tellg();
+    if (!in || size > std::numeric_limits<int>::max()) {
+        return std::nullopt;
     }
-    return SDLSurface(IMG_LoadTyped_RW(SDL_RWFromConstMem(file.data(), static_cast<int>(file.size())), 1,
-                                       extension.c_str()));
+    std::vector<std::byte> bytes(static_cast<std::size_t>(size));
+    in.seekg(0);
+    in.read(reinterpret_cast<char*>(bytes.data()), size);
+    bytes.resize(static_cast<std::size_t>(in.gcount()));
+    return bytes;
 }
 
 /** The source pixels around a target pixel's centre along one axis, and the weight of the second. */
@@ -92,22 +100,27 @@ std::uint8_t mix(const std::array<const std::uint8_t*, 4>& pixels, std::size_t c
 } // namespace
 
 SDLSurface readImageFile(const std::string& fileName, std::uint32_t longestSide) {
-    SDL_RWops* const stream = SDL_RWFromFile(fileName.c_str(), "rb");
-    if (stream == nullptr) {
-        return nullptr;
-    }
-    std::size_t size = 0;
-    const std::unique_ptr<void, SDLMemoryDeleter> file(SDL_LoadFile_RW(stream, &size, 1));
-    if (file == nullptr || size == 0 || size > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
-        SDL_SetError("The image file can't be read");
+    const std::optional<std::vector<std::byte>> file = readFile(fileName);
+    if (!file) {
+        SDL_SetError("Couldn't open %s", fileName.c_str());
         return nullptr;
     }
     const std::size_t point = fileName.find_last_of("./");
-    const std::string extension =
-        point != std::string::npos && fileName[point] == '.' ? fileName.substr(point + 1) : std::string();
-    SDLSurface image = decode({static_cast<const std::byte*>(file.get()), size}, extension, longestSide);
-    if (image != nullptr && (isTooLong(static_cast<std::uint64_t>(image->w), longestSide) ||
-                             isTooLong(static_cast<std::uint64_t>(image->h), longestSide))) {
+    const bool hasExtension = point != std::string::npos && fileName[point] == '.';
+    return decodeImage(*file, hasExtension ? fileName.substr(point + 1) : std::string(), longestSide);
+}
+
+SDLSurface decodeImage(std::span<const std::byte> file, const std::string& extension,
+                       std::uint32_t longestSide) {
+    if (isCutOffJPEG(file)) {
+        SDL_SetError("The image file is truncated");
+        return nullptr;
+    }
+    const SDLMemoryLimit limit(largestBlock(file.size()));
+    SDLSurface image(IMG_LoadTyped_RW(SDL_RWFromConstMem(file.data(), static_cast<int>(file.size())), 1,
+                                      extension.c_str()));
+    if (image != nullptr && (static_cast<std::uint32_t>(image->w) > longestSide ||
+                             static_cast<std::uint32_t>(image->h) > longestSide)) {
         SDL_SetError("The image is larger than the graphics card takes");
         return nullptr;
     }

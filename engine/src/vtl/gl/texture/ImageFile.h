@@ -1,8 +1,10 @@
 #pragma once
 
 #include <SDL.h>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 
 namespace Vantrel {
@@ -14,9 +16,14 @@ using SDLSurface = std::unique_ptr<SDL_Surface, SDLSurfaceDeleter>;
 
 /**
  * Reads an image of any format that SDL_image knows. Null, with SDL's error set, when the file can't be read,
- * isn't an image, is cut off, or claims a side longer than `longestSide`.
+ * isn't an image, is cut off, claims more pixels than its bytes can hold, or has a side longer than
+ * `longestSide`.
  */
 SDLSurface readImageFile(const std::string& fileName, std::uint32_t longestSide);
+
+/** The same from the bytes of the file; `extension` without its point tells formats that have no mark. */
+SDLSurface decodeImage(std::span<const std::byte> file, const std::string& extension,
+                       std::uint32_t longestSide);
 
 /** An image as GL takes it: 4 bytes a pixel, red, green, blue and alpha, the bottom row first. Null on
  * failure. */

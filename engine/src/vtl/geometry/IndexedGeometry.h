@@ -1,0 +1,100 @@
+#pragma once
+
+#include "vtl/gl/GLHandle.h"
+
+#include <GL/glew.h>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace Vantrel {
+
+/**
+ * A shape that is computed from a few numbers. It keeps one array per kind of vertex data, so that colours
+ * and corners can be rewritten by themselves. `build` makes the arrays and, from GL 3.2 on, the buffers;
+ * afterwards only colours and vertices change, never their number. Main thread, with the context current.
+ */
+class IndexedGeometry {
+public:
+    IndexedGeometry(bool useTextureCoords_, bool useNormals_, bool useColors_)
+        : useTextureCoords(useTextureCoords_), useNormals(useNormals_), useColors(useColors_) {}
+    IndexedGeometry(const IndexedGeometry&) = delete;
+    IndexedGeometry& operator=(const IndexedGeometry&) = delete;
+    virtual ~IndexedGeometry() = default;
+
+    /** Draws with what the caller has set up: the bound shader, or the fixed-function state. */
+    virtual void render() const;
+    /** Without colours of its own the shape is white, without normals unlit. */
+    virtual void renderVertexArrayObject() const;
+    virtual void renderClientArrays() const;
+    /** Draws in one colour; from 3.2 on in that of the selection shader, which the caller has bound. */
+    virtual void renderSelection(std::uint8_t r, std::uint8_t g, std::uint8_t b) const;
+    /** GL_TRIANGLES, GL_LINES, ... */
+    virtual void setPrimitive(GLenum mode) { primitive = mode; }
+    /** Sends the changed colours, where they are on the card. */
+    virtual void updateColorsOnCard() const;
+    virtual void updateVerticesOnCard() const;
+    /** Fills the arrays and makes the buffers. */
+    virtual void build();
+    /** Does nothing below 3.2, where the arrays themselves are drawn. */
+    virtual void createBuffers();
+    /** Takes the attribute locations from the default shader instead of the fixed ones. */
+    virtual void bindAttributesToDefaultShader();
+
+protected:
+    virtual void buildVertices() = 0;
+    virtual void buildIndices() = 0;
+    virtual void buildTextureCoords() {}
+    virtual void buildNormals() {}
+    virtual void buildColors() {}
+
+    /** Takes over the indices together with their number and type. */
+    void setIndices(std::span<const std::uint8_t> values) { storeIndices(values, GL_UNSIGNED_BYTE); }
+    void setIndices(std::span<const std::uint16_t> values) { storeIndices(values, GL_UNSIGNED_SHORT); }
+    void setIndices(std::span<const std::uint32_t> values) { storeIndices(values, GL_UNSIGNED_INT); }
+
+    /** Red, green, blue and alpha of each vertex. */
+    std::vector<std::uint8_t> colors;
+    /** Three floats per vertex. */
+    std::vector<float> normals;
+    /** Two floats per vertex. */
+    std::vector<float> textureCoords;
+    /** Three floats per vertex. */
+    std::vector<float> vertices;
+    std::uint32_t numVertices = 0;
+    /** Of `indexType`. */
+    std::vector<std::byte> indices;
+    std::uint32_t numIndices = 0;
+    bool useTextureCoords;
+    bool useNormals;
+    bool useColors;
+    GLenum primitive = GL_TRIANGLES;
+    GLenum indexType = GL_UNSIGNED_BYTE;
+
+private:
+    template <class Index>
+    void storeIndices(std::span<const Index> values, GLenum type) {
+        const auto bytes = std::as_bytes(values);
+        indices.assign(bytes.begin(), bytes.end());
+        numIndices = static_cast<std::uint32_t>(values.size());
+        indexType = type;
+    }
+    void fillBuffers();
+    void pointAttributes(GLboolean areColorsNormalized) const;
+    /** Draws the corners alone; the caller keeps the client arrays. */
+    void drawVertexArray() const;
+
+    std::int32_t positionLocation = 0;
+    std::int32_t normalLocation = 0;
+    std::int32_t colorLocation = 0;
+    std::int32_t textureCoordLocation = 0;
+    GLVertexArray vertexArrayObject;
+    GLBuffer indexBuffer;
+    GLBuffer vertexBuffer;
+    GLBuffer normalBuffer;
+    GLBuffer colorBuffer;
+    GLBuffer textureCoordBuffer;
+};
+
+} // namespace Vantrel
