@@ -19,7 +19,6 @@ namespace Vantrel::Tests {
 
 constexpr int pictureSide = 256;
 constexpr Pixel black{0, 0, 0};
-constexpr Pixel yellow{255, 255, 0};
 
 /** A context with a window of 256 x 256, the default shaders and textures, and a camera for both paths. */
 class MeshGLFixture : public GLContextFixture {

@@ -13,7 +13,6 @@ using Tests::black;
 using Tests::Pixel;
 using Tests::PixelPicture;
 using Tests::squareMesh;
-using Tests::yellow;
 
 constexpr auto smooth = MESH_SHADING_TYPE::mstSMOOTH;
 constexpr auto flat = MESH_SHADING_TYPE::mstFLAT;
@@ -214,7 +213,7 @@ TEST_P(ModelMeshDataSharedGLTest, SelectionIsDrawnInExactlyItsColor) {
     EXPECT_EQ(pixelAt(50, 180), black);
 }
 
-/** The middle of the brightest run of pixels in yellow of a column, -1 for none; `width` is its length. */
+/** How many pixels of the row `y` are yellow, from `fromX` up to and without `toX`. */
 int countYellow(const PixelPicture& picture, int y, int fromX, int toX) {
     int count = 0;
     for (int x = fromX; x < toX; ++x) {

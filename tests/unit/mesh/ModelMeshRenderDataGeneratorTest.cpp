@@ -363,15 +363,19 @@ TEST_F(ModelMeshRenderDataGeneratorTest, PrimitivesWithMissingVerticesAndIncompl
     EXPECT_EQ(generate(flat).numVertices, 0U);
 }
 
-TEST_F(ModelMeshRenderDataGeneratorTest, AttributesOfOtherTypesAreReportedAndStayZero) {
+TEST_F(ModelMeshRenderDataGeneratorTest, AttributesAndColorsOfOtherTypesAreReportedAndLeftOut) {
     makeQuad();
+    mesh.colors.resize(4);
+    mesh.colorFormat = GL_BGR;
     mesh.attributeArrays.emplace_back("weight", atFLOAT);
     mesh.attributeArrays[0].resize(4);
     mesh.attributeArrays[0].data[0] = std::byte{1};
     mesh.attributeArrays[0].setAt(0, Vector(1, 1, 1));
     const ModelMeshRenderData data = generate(none);
-    EXPECT_EQ(reports.text(), "Warning: Everything except atVEC3 is unimplemented!\n");
-    EXPECT_EQ(keys.count(), 1);
+    EXPECT_EQ(reports.text(), "Error: improper color channel selection\nBad things will happen.\n"
+                              "Warning: Everything except atVEC3 is unimplemented!\n");
+    EXPECT_EQ(keys.count(), 2);
+    EXPECT_FALSE(data.hasColors) << "there is no place for them";
     EXPECT_EQ(Tests::bytesInBlock(data, 0, data.attributeOffsets[0], 4), (Bytes{0, 0, 0, 0}));
 }
 

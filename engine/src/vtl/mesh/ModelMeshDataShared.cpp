@@ -4,6 +4,7 @@
 #include "vtl/gl/GLError.h"
 #include "vtl/gl/LineWidth.h"
 #include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/gl/ScopedPlainColors.h"
 #include "vtl/gl/shader/ManagerShader.h"
 #include "vtl/gl/shader/VertexAttributeLocation.h"
 
@@ -228,8 +229,7 @@ void ModelMeshDataShared::renderNormals(const ModelMeshSkin& skin, ModelMeshRend
 
 void ModelMeshDataShared::renderNormalsFixedFunction(const ModelMeshSkin& skin,
                                                      const ModelMeshRenderData& data) {
-    glPushAttrib(GL_ENABLE_BIT | GL_CURRENT_BIT);
-    glDisable(GL_LIGHTING);
+    const ScopedPlainColors plain;
     for (std::size_t i = skin.textures.size(); i-- > 0;) {
         glActiveTexture(static_cast<GLenum>(GL_TEXTURE0 + i));
         for (const GLenum target : {GLenum{GL_TEXTURE_1D}, GLenum{GL_TEXTURE_2D}, GLenum{GL_TEXTURE_3D}}) {
@@ -244,7 +244,6 @@ void ModelMeshDataShared::renderNormalsFixedFunction(const ModelMeshSkin& skin,
                         static_cast<GLsizei>(data.normalLineNumIndices), data.normalLineIndexType,
                         data.normalLineIndices.get());
     glDisableClientState(GL_VERTEX_ARRAY);
-    glPopAttrib();
 }
 
 void ModelMeshDataShared::renderNormalsWithShader(const ModelMeshSkin& skin, ModelMeshRenderData& data) {

@@ -523,7 +523,7 @@ ModelMeshRenderData ModelMeshRenderDataGenerator::startRecord(std::size_t vertex
                             ? std::make_unique_for_overwrite<std::byte[]>(vertexCount * stride)
                             : std::make_unique<std::byte[]>(vertexCount * stride);
     record.stride = stride;
-    record.hasColors = !colors.empty();
+    record.hasColors = !colors.empty() && colorBytes() != 0;
     record.colorFormat = colorFormat;
     record.positionOffset = positionOffset;
     record.colorOffset = colorOffset;
