@@ -38,6 +38,7 @@ TEST(PauseTest, TakesOneCharacterAfterThePromptHasBeenWritten) {
 TEST(PauseTest, FatalPathEndsTheProcessAfterTheKey) {
     typeAhead("\n");
     EXPECT_EXIT(Pause::exitAfterKey(), ::testing::ExitedWithCode(255), "");
+    EXPECT_EXIT(Pause::exitAfterKey(1), ::testing::ExitedWithCode(1), "");
 }
 
 } // namespace

@@ -29,10 +29,10 @@ void Pause::waitForKey() {
     keySource();
 }
 
-void Pause::exitAfterKey() {
+void Pause::exitAfterKey(int exitCode) {
     waitForKey();
     // Not exit(): the network thread may be running, and static objects must not go from under it.
-    std::_Exit(-1);
+    std::_Exit(exitCode);
 }
 
 void Pause::setKeySource(KeySource source) {

@@ -14,9 +14,9 @@ public:
      */
     static void waitForKey();
 
-    /** The end of a fatal path: waits for a key, then ends the process with exit code -1, whatever still
+    /** The end of a fatal path: waits for a key, then ends the process with that exit code, whatever still
      * runs. */
-    [[noreturn]] static void exitAfterKey();
+    [[noreturn]] static void exitAfterKey(int exitCode = -1);
 
     /** Takes keys from `source`; null goes back to standard input. Main thread. */
     static void setKeySource(KeySource source);

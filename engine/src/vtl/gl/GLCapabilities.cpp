@@ -24,6 +24,20 @@ std::vector<std::string> readShadingLanguageVersions() {
     return versions;
 }
 
+/** Forward-compatible contexts, which are core contexts, know thin lines only. */
+float readMaxLineWidth() {
+    GLint flags = 0;
+    if (GLEW_VERSION_3_0) {
+        glGetIntegerv(GL_CONTEXT_FLAGS, &flags);
+    }
+    if ((flags & GL_CONTEXT_FLAG_FORWARD_COMPATIBLE_BIT) != 0) {
+        return 1.0F;
+    }
+    GLfloat range[2] = {1.0F, 1.0F};
+    glGetFloatv(GL_ALIASED_LINE_WIDTH_RANGE, range);
+    return range[1];
+}
+
 } // namespace
 
 GLCapabilities GLCapabilities::read() {
@@ -38,6 +52,11 @@ GLCapabilities GLCapabilities::read() {
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &capabilities.maxTextureSize);
     checkGLError(510003);
     capabilities.areFramebufferObjectsSupported = glCheckFramebufferStatusEXT != nullptr;
+    // The client arrays that go with them are part of every GL library.
+    capabilities.areVertexBuffersSupported =
+        glGenBuffers != nullptr && glBindBuffer != nullptr && glBufferData != nullptr;
+    capabilities.maxLineWidth = readMaxLineWidth();
+    checkGLError(510004);
     return capabilities;
 }
 

@@ -20,6 +20,10 @@ struct GLCapabilities {
     /** Longest side of a texture in texels. */
     std::int32_t maxTextureSize = 0;
     bool areFramebufferObjectsSupported = false;
+    /** Whether vertices and indices can lie in buffers on the card. */
+    bool areVertexBuffersSupported = false;
+    /** Widest line in pixels that `glLineWidth` takes without an error. */
+    float maxLineWidth = 1.0F;
 
     /** Asks the current context. */
     static GLCapabilities read();

@@ -179,9 +179,8 @@ void ManagerOpenGLState::restorePerObjectState() {
     glDisable(GL_TEXTURE_2D);
     glLightModelfv(GL_LIGHT_MODEL_AMBIENT, state.globalAmbient.data());
     glDisable(GL_FOG);
-    const bool hasLights = state.lightCount != nullptr && state.lightCount() > 0;
-    setEnabled(GL_LIGHTING, hasLights);
-    setEnabled(GL_COLOR_MATERIAL, hasLights && state.colorMaterialEnabled);
+    setEnabled(GL_LIGHTING, hasLights());
+    setEnabled(GL_COLOR_MATERIAL, hasLights() && state.colorMaterialEnabled);
 }
 
 std::string ManagerOpenGLState::toString() {

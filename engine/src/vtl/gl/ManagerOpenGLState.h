@@ -46,6 +46,8 @@ public:
     static bool isVersion40OrGreater() { return state.glMajorVersion >= 4; }
     /** What the driver can do; all false and zero without a context. */
     static const GLCapabilities& getCapabilities() { return state.capabilities; }
+    /** Guards every buffer of vertices or indices. */
+    static bool areVertexBuffersSupported() { return state.capabilities.areVertexBuffersSupported; }
     /** Guards every frame buffer object. */
     static bool areFramebufferObjectsSupported() { return state.capabilities.areFramebufferObjectsSupported; }
 
@@ -57,6 +59,7 @@ public:
     static void restorePerObjectState();
     /** Who knows the number of lights, for the lighting of the per-object state; null for no lights. */
     static void setLightCountSource(LightCountSource source) { state.lightCount = source; }
+    static bool hasLights() { return state.lightCount != nullptr && state.lightCount() > 0; }
 
     /** A report of the context; the size of textures goes to the reports, not into the text. */
     static std::string toString();

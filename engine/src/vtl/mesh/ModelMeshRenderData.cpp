@@ -1,0 +1,290 @@
+#include "vtl/mesh/ModelMeshRenderData.h"
+
+#include "vtl/base/Report.h"
+#include "vtl/gl/GLError.h"
+#include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/gl/shader/VertexAttributeLocation.h"
+#include "vtl/math/VectorT.h"
+
+#include <algorithm>
+#include <cstring>
+#include <numeric>
+#include <utility>
+
+namespace Vantrel {
+namespace {
+
+template <class Number>
+std::unique_ptr<std::byte[]> narrowed(std::span<const std::uint32_t> numbers) {
+    auto bytes = std::make_unique_for_overwrite<std::byte[]>(numbers.size() * sizeof(Number));
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const auto number = static_cast<Number>(numbers[i]);
+        std::memcpy(bytes.get() + i * sizeof(Number), &number, sizeof(Number));
+    }
+    return bytes;
+}
+
+/** A place in the bound buffer, in the form in which GL takes it. */
+const void* bufferOffset(std::uint32_t offset) {
+    return reinterpret_cast<const void*>(std::uintptr_t{offset});
+}
+
+} // namespace
+
+GLenum ModelMeshIndexArray::typeFor(std::uint64_t count) {
+    if (count < 0xFF) {
+        return GL_UNSIGNED_BYTE;
+    }
+    if (count < 0xFFFF) {
+        return GL_UNSIGNED_SHORT;
+    }
+    return count < 0xFFFFFFFF ? GL_UNSIGNED_INT : GL_OUT_OF_MEMORY;
+}
+
+ModelMeshIndexArray ModelMeshIndexArray::pack(std::span<const std::uint32_t> numbers) {
+    ModelMeshIndexArray array{.type = typeFor(numbers.size()), .count = 0, .data = nullptr};
+    if (array.type == GL_OUT_OF_MEMORY) {
+        Report() << "Too many indices in mesh to fit in GL_UNSIGNED_INT, this behavior is unsupported.\n";
+        return array;
+    }
+    array.count = static_cast<std::uint32_t>(numbers.size());
+    array.data = array.type == GL_UNSIGNED_BYTE    ? narrowed<std::uint8_t>(numbers)
+                 : array.type == GL_UNSIGNED_SHORT ? narrowed<std::uint16_t>(numbers)
+                                                   : narrowed<std::uint32_t>(numbers);
+    return array;
+}
+
+std::uint32_t sizeOfIndexType(GLenum type) {
+    switch (type) {
+    case GL_UNSIGNED_BYTE:
+        return 1;
+    case GL_UNSIGNED_SHORT:
+        return 2;
+    case GL_UNSIGNED_INT:
+        return 4;
+    default:
+        return 0;
+    }
+}
+
+std::span<const std::byte> ModelMeshRenderData::getClientBlock() const {
+    if (vertexData == nullptr) {
+        return {};
+    }
+    return {vertexData.get(), std::size_t{numVertices} * stride};
+}
+
+GLint ModelMeshRenderData::floatsFrom(std::uint32_t offset, GLint wanted) const {
+    const std::size_t there = stride > offset ? (stride - offset) / sizeof(float) : 0;
+    return static_cast<GLint>(std::min(static_cast<std::size_t>(wanted), there));
+}
+
+void ModelMeshRenderData::createBuffers() {
+    if (!ManagerOpenGLState::areVertexBuffersSupported() || vertexData == nullptr) {
+        return;
+    }
+    VBOVtx = GLBuffer::create();
+    VBOIdx = GLBuffer::create();
+    glBindBuffer(GL_ARRAY_BUFFER, VBOVtx.get());
+    glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(getClientBlock().size()), vertexData.get(),
+                 GL_STATIC_DRAW);
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, VBOIdx.get());
+    glBufferData(GL_ELEMENT_ARRAY_BUFFER, GLsizeiptr{numIndices} * sizeOfIndexType(indexType), indices.get(),
+                 GL_STATIC_DRAW);
+    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
+    if (ManagerOpenGLState::isVersion32OrGreater()) {
+        vertexArrayObject = GLVertexArray::create();
+        glBindVertexArray(vertexArrayObject.get());
+        describeVertexArray();
+        glBindVertexArray(0);
+        glBindBuffer(GL_ARRAY_BUFFER, 0);
+    }
+    checkGLError(420001);
+}
+
+/** Tells the bound vertex array what a vertex consists of. Other attributes have no location of their own. */
+void ModelMeshRenderData::describeVertexArray() const {
+    const auto enable = [this](GLuint location, GLint count, GLenum type, std::uint32_t offset) {
+        glEnableVertexAttribArray(location);
+        glVertexAttribPointer(location, count, type, type == GL_UNSIGNED_BYTE ? GL_TRUE : GL_FALSE,
+                              static_cast<GLsizei>(stride), bufferOffset(offset));
+    };
+    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, VBOIdx.get());
+    glBindBuffer(GL_ARRAY_BUFFER, VBOVtx.get());
+    enable(VertexAttributeLocation::position, 3, GL_FLOAT, positionOffset);
+    if (hasNormals) {
+        enable(VertexAttributeLocation::normal, 3, GL_FLOAT, normalOffset);
+    }
+    const GLint coords = textureCoordOffsets.empty() ? 0 : floatsFrom(textureCoordOffsets[0], 2);
+    if (coords > 0) {
+        enable(VertexAttributeLocation::textureCoord, coords, GL_FLOAT, textureCoordOffsets[0]);
+    }
+    if (hasColors) {
+        enable(VertexAttributeLocation::color, colorFormat == GL_RGBA ? 4 : 3, GL_UNSIGNED_BYTE, colorOffset);
+    }
+}
+
+void ModelMeshRenderData::releaseClientData() {
+    indices.reset();
+    vertexData.reset();
+}
+
+void ModelMeshRenderData::releaseAll() {
+    *this = ModelMeshRenderData();
+}
+
+bool ModelMeshRenderData::mapVBODataToClientMemory(GLenum access) {
+    if (!VBOVtx) {
+        Report() << "ERROR: VBOVtx handle is 0. Server-side VBO does not exist.\n"
+                    "   cannot map non-existant VBO to client-side memory...\n";
+        return false;
+    }
+    if (mappedVertexData != nullptr) {
+        return true;
+    }
+    glBindBuffer(GL_ARRAY_BUFFER, VBOVtx.get());
+    mappedVertexData = static_cast<std::byte*>(glMapBuffer(GL_ARRAY_BUFFER, access));
+    if (mappedVertexData == nullptr) {
+        glBindBuffer(GL_ARRAY_BUFFER, 0);
+        Report() << "ERROR: glMapBuffer failed to map a valid server-side VBO\n"
+                    "   to client-side memory. This could result from low virtual\n"
+                    "   memory.\n";
+        return false;
+    }
+    return true;
+}
+
+void ModelMeshRenderData::unmapVBODataFromClientMemory() {
+    if (mappedVertexData == nullptr) {
+        return;
+    }
+    glBindBuffer(GL_ARRAY_BUFFER, VBOVtx.get());
+    glUnmapBuffer(GL_ARRAY_BUFFER);
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+    mappedVertexData = nullptr;
+}
+
+bool ModelMeshRenderData::setColorArrayAtIndexInVertexList(std::uint32_t index, const std::uint8_t* color) {
+    if (VBOIdx && mappedVertexData == nullptr) {
+        Report() << "bool ModelMeshRenderData::setColorArrayAtIndexInVertexList(...)\n"
+                    "   mapVBODataToClientMemory() must be invoked prior to calling this method...\n";
+        return false;
+    }
+    std::byte* const block = VBOVtx && mappedVertexData != nullptr ? mappedVertexData : vertexData.get();
+    if (index >= numVertices || block == nullptr) {
+        Report() << "ModelMeshRenderData::setColorArrayAtIndexInVertexList()... Index out of range,\n"
+                    "not setting color array...\n";
+        return false;
+    }
+    if (!hasColors) {
+        Report() << "ModelMeshRenderData::setColorArrayAtIndexInVertexList()... The mesh has no colors,\n"
+                    "not setting color array...\n";
+        return false;
+    }
+    const std::size_t bytes = colorFormat == GL_RGBA ? 4 : colorFormat == GL_RGB ? 3 : 0;
+    std::memcpy(block + std::size_t{index} * stride + colorOffset, color, bytes);
+    return true;
+}
+
+/** A copy of the vertex block on the card. */
+std::vector<std::byte> ModelMeshRenderData::readBlock() const {
+    std::vector<std::byte> block(std::size_t{numVertices} * stride);
+    glBindBuffer(GL_ARRAY_BUFFER, VBOVtx.get());
+    glGetBufferSubData(GL_ARRAY_BUFFER, 0, static_cast<GLsizeiptr>(block.size()), block.data());
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+    return block;
+}
+
+void ModelMeshRenderData::buildNormalLines() {
+    if (!hasNormals) {
+        return;
+    }
+    std::vector<std::byte> copy;
+    std::span<const std::byte> block = getClientBlock();
+    if (mappedVertexData != nullptr) {
+        block = {mappedVertexData, std::size_t{numVertices} * stride};
+    } else if (VBOVtx) {
+        copy = readBlock();
+        block = copy;
+    }
+    normalLineVertices = normalLineVerticesOf(block, numVertices, stride, positionOffset, normalOffset);
+    normalLineNumVertices = static_cast<std::uint32_t>(normalLineVertices.size() / 3);
+    ModelMeshIndexArray ends = normalLineIndicesOf(normalLineNumVertices / 2);
+    normalLineIndices = std::move(ends.data);
+    normalLineNumIndices = ends.count;
+    normalLineIndexType = ends.type;
+    normalLineLength = 1.0F;
+    isNormalLineBufferCurrent = false;
+}
+
+void ModelMeshRenderData::scaleNormalLines(float length) {
+    for (std::size_t line = 0; line + 6 <= normalLineVertices.size(); line += 6) {
+        float* const ends = normalLineVertices.data() + line;
+        const Vector tail(ends);
+        Vector direction = Vector(ends + 3) - tail;
+        direction.normalize();
+        const Vector head = tail + direction * length;
+        ends[3] = head.x;
+        ends[4] = head.y;
+        ends[5] = head.z;
+    }
+    normalLineLength = length;
+    isNormalLineBufferCurrent = false;
+}
+
+bool ModelMeshRenderData::prepareNormalLines(float length) {
+    const bool areBuilt = !normalLineVertices.empty();
+    if (areBuilt && normalLineLength == length) {
+        return true;
+    }
+    // From the block: short lines have lost their direction.
+    buildNormalLines();
+    if (length != normalLineLength) {
+        scaleNormalLines(length);
+    }
+    return !normalLineVertices.empty();
+}
+
+void ModelMeshRenderData::bindNormalLineArray() {
+    if (!normalLineArray) {
+        normalLineArray = GLVertexArray::create();
+        normalLineBuffer = GLBuffer::create();
+    }
+    glBindVertexArray(normalLineArray.get());
+    if (isNormalLineBufferCurrent) {
+        return;
+    }
+    glBindBuffer(GL_ARRAY_BUFFER, normalLineBuffer.get());
+    glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(normalLineVertices.size() * sizeof(float)),
+                 normalLineVertices.data(), GL_STATIC_DRAW);
+    glEnableVertexAttribArray(VertexAttributeLocation::position);
+    glVertexAttribPointer(VertexAttributeLocation::position, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+    isNormalLineBufferCurrent = true;
+}
+
+std::vector<float> normalLineVerticesOf(std::span<const std::byte> block, std::uint32_t vertexCount,
+                                        std::uint32_t stride, std::uint32_t positionOffset,
+                                        std::uint32_t normalOffset) {
+    const std::size_t known = stride != 0 ? block.size() / stride : 0;
+    const std::size_t count = std::min<std::size_t>(vertexCount, known);
+    std::vector<float> lines(6 * count);
+    for (std::size_t i = 0; i < count; ++i) {
+        float* const ends = lines.data() + 6 * i;
+        std::memcpy(ends, block.data() + i * stride + positionOffset, 3 * sizeof(float));
+        std::memcpy(ends + 3, block.data() + i * stride + normalOffset, 3 * sizeof(float));
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            ends[3 + axis] += ends[axis];
+        }
+    }
+    return lines;
+}
+
+ModelMeshIndexArray normalLineIndicesOf(std::uint32_t vertexCount) {
+    std::vector<std::uint32_t> ends(2 * std::size_t{vertexCount});
+    std::iota(ends.begin(), ends.end(), 0U);
+    return ModelMeshIndexArray::pack(ends);
+}
+
+} // namespace Vantrel
