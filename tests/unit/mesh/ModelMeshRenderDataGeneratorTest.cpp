@@ -99,20 +99,22 @@ TEST_F(ModelMeshRenderDataGeneratorTest, LayoutFollowsTheLists) {
     EXPECT_EQ(keys.count(), 2);
 }
 
-TEST_F(ModelMeshRenderDataGeneratorTest, WidthOfIndicesFollowsTheirNumber) {
+TEST_F(ModelMeshRenderDataGeneratorTest, WidthOfIndicesFollowsTheirNumberAndFitsTheirValues) {
+    struct Row {
+        std::size_t count;
+        std::uint32_t index;
+        GLenum type;
+    };
     mesh.sourcePrimitive = GL_POINTS;
-    mesh.vertices.resize(300);
-    const std::vector<std::pair<std::size_t, GLenum>> rows{{0, GL_UNSIGNED_BYTE},
-                                                           {254, GL_UNSIGNED_BYTE},
-                                                           {255, GL_UNSIGNED_SHORT},
-                                                           {65534, GL_UNSIGNED_SHORT},
-                                                           {65535, GL_UNSIGNED_INT}};
-    for (const auto& [count, type] : rows) {
-        mesh.indices.assign(count, 258);
+    mesh.vertices.resize(70000);
+    for (const Row& row :
+         {Row{0, 0, GL_UNSIGNED_BYTE}, Row{254, 253, GL_UNSIGNED_BYTE}, Row{255, 253, GL_UNSIGNED_SHORT},
+          Row{3, 258, GL_UNSIGNED_SHORT}, Row{65534, 258, GL_UNSIGNED_SHORT}, Row{65535, 2, GL_UNSIGNED_INT},
+          Row{3, 69999, GL_UNSIGNED_INT}}) {
+        mesh.indices.assign(row.count, row.index);
         const ModelMeshRenderData data = mesh.generateRenderData(none, GL_POINTS);
-        EXPECT_EQ(data.indexType, type) << count;
-        const std::uint32_t stored = type == GL_UNSIGNED_BYTE ? 2 : 258;
-        EXPECT_EQ(indexNumbers(data), std::vector<std::uint32_t>(count, stored));
+        EXPECT_EQ(data.indexType, row.type) << row.count << " " << row.index;
+        EXPECT_EQ(indexNumbers(data), std::vector<std::uint32_t>(row.count, row.index));
     }
     EXPECT_EQ(ModelMeshIndexArray::typeFor(0xFFFFFFFE), GLenum{GL_UNSIGNED_INT});
     EXPECT_EQ(ModelMeshIndexArray::typeFor(0xFFFFFFFF), GLenum{GL_OUT_OF_MEMORY});

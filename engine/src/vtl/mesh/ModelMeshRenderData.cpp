@@ -42,7 +42,10 @@ GLenum ModelMeshIndexArray::typeFor(std::uint64_t count) {
 }
 
 ModelMeshIndexArray ModelMeshIndexArray::pack(std::span<const std::uint32_t> numbers) {
-    ModelMeshIndexArray array{.type = typeFor(numbers.size()), .count = 0, .data = nullptr};
+    const std::uint64_t largest = numbers.empty() ? 0 : *std::max_element(numbers.begin(), numbers.end());
+    // A short list may name a late vertex.
+    const std::uint64_t wanted = std::max<std::uint64_t>(numbers.size(), largest + 1);
+    ModelMeshIndexArray array{.type = typeFor(wanted), .count = 0, .data = nullptr};
     if (array.type == GL_OUT_OF_MEMORY) {
         Report() << "Too many indices in mesh to fit in GL_UNSIGNED_INT, this behavior is unsupported.\n";
         return array;

@@ -23,7 +23,10 @@ struct ModelMeshIndexArray {
 
     /** The type for that many indices. */
     static GLenum typeFor(std::uint64_t count);
-    /** Packs `numbers`, each cut to the width; reports when they are too many and is empty then. */
+    /**
+     * Packs `numbers` by their count, or wider where one of them needs it; reports when they are too many and
+     * is empty then.
+     */
     static ModelMeshIndexArray pack(std::span<const std::uint32_t> numbers);
 };
 

@@ -150,13 +150,10 @@ void ModelMeshSkin::bindMaterialFixedFunction() const {
     glMaterialf(GL_FRONT_AND_BACK, GL_SHININESS, std::clamp(specularCoefficient, 0.0F, shininessAtMost));
 }
 
-/** With colour material the vertex colour is the whole of ambient and diffuse, as on the other path. */
 ShaderMaterial ModelMeshSkin::shaderMaterial() const {
     ShaderMaterial material;
-    if (!colorMaterial) {
-        material.ambient = ambient;
-        material.diffuse = diffuse;
-    }
+    material.ambient = ambient;
+    material.diffuse = diffuse;
     material.specular = specular;
     material.specularCoefficient = specularCoefficient;
     if (!textures.empty()) {
