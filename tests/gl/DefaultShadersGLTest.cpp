@@ -82,6 +82,20 @@ protected:
         shader.unbind();
         return middle();
     }
+    /** One white light from that direction, no other light, and a white material. */
+    void shineFrom(const Lights::Vec4& toLight) {
+        if (GetParam().isShaderPath()) {
+            lights->data.numLights = 1;
+            lights->data.position[0] = {-toLight[0], -toLight[1], -toLight[2], 0.0F};
+            lights->data.color[0] = white;
+            lights->upload();
+            return;
+        }
+        glLightfv(GL_LIGHT0, GL_POSITION, toLight.data());
+        glLightfv(GL_LIGHT0, GL_DIFFUSE, white.data());
+        glLightModelfv(GL_LIGHT_MODEL_AMBIENT, black.data());
+        glMaterialfv(GL_FRONT_AND_BACK, GL_DIFFUSE, white.data());
+    }
     static Pixel middle() { return Tests::readPixels(width, height).at(width / 2, height / 2); }
 
     static void expectPixel(const Pixel& pixel, const Pixel& expected, const char* what) {
@@ -238,7 +252,7 @@ TEST_P(DefaultShadersGLTest, WidgetsAndTextShowTheirPictures) {
     glyph->bind(Mat4(), camera2D);
     glyph->setColor({1.0F, 0.0F, 1.0F, 1.0F});
     quad.draw();
-    expectPixel(Tests::readPixels(width, height).at(1, 1), pixelOf(0.4F * 0.8F, 0.0F, 0.8F), "glyph");
+    expectPixel(Tests::readPixels(width, height).at(1, 1), pixelOf(0.8F, 0.0F, 0.8F), "glyph");
 
     // Red 102 of 255 is outside of the glyph, red 255 inside.
     const auto distances = GLSLShaderFontDistanceFieldGL32::New();
@@ -336,8 +350,7 @@ TEST_P(DefaultShadersGLTest, TheSkyIsWhereTheCameraBlockPutsIt) {
     EXPECT_EQ(middle(), (Pixel{0, 0, 0})); // from 1 on
 }
 
-/** Runs on both paths: light from the right and from above the quad, a map that leans every normal along u.
- */
+/** Runs on both paths: light from where u or v grows, maps that lean every normal that way. */
 TEST_P(DefaultShadersGLTest, ANormalMapLeansTheNormalAlongTheTangent) {
     const std::string folder = KELDIN_SHARED_DATA "shaders/";
     const auto shader = GLSLShader::New(folder + "crazybump_DIFFUSE_NRM_SPEC.vert",
@@ -347,34 +360,34 @@ TEST_P(DefaultShadersGLTest, ANormalMapLeansTheNormalAlongTheTangent) {
          {std::pair("diffuseTexture", 0), std::pair("normalTexture", 1), std::pair("specularTexture", 2)}) {
         GLSLUniform(name, utSAMPLER2D, shader->getProgram()).setInt(unit);
     }
-    glActiveTexture(GL_TEXTURE1);
-    const SmallTexture map(1, 1, {204, 128, 230, 255}); // (0.6, 0, 0.8)
     glActiveTexture(GL_TEXTURE2);
     const SmallTexture noShine(1, 1, {0, 0, 0, 255});
-    glActiveTexture(GL_TEXTURE0);
-    constexpr Lights::Vec4 toLight{0.6F, 0.0F, 0.8F, 0.0F};
-    if (GetParam().isShaderPath()) {
-        lights->data.numLights = 1;
-        lights->data.position[0] = {-toLight[0], -toLight[1], -toLight[2], 0.0F};
-        lights->data.color[0] = white;
-        lights->upload();
-    } else {
-        glLightfv(GL_LIGHT0, GL_POSITION, toLight.data());
-        glLightfv(GL_LIGHT0, GL_DIFFUSE, white.data());
-        glLightModelfv(GL_LIGHT_MODEL_AMBIENT, black.data());
-    }
     struct Row {
         const char* what;
         std::array<float, 3> tangent;
+        bool isMirrored; ///< u grows to the left
+        bool leansAlongV;
         float expected;
     };
-    for (const Row& row :
-         {Row{"towards the light", {1, 0, 0}, 1.0F},
-          Row{"away from it", {-1, 0, 0}, 0.8F * 0.8F - 0.6F * 0.6F}, Row{"across", {0, 1, 0}, 0.8F * 0.8F},
-          Row{"no tangent: where u grows in the picture", {0, 0, 0}, 1.0F}}) {
+    const float across = 0.8F * 0.8F;
+    for (const Row& row : {Row{"towards the light", {1, 0, 0}, false, false, 1.0F},
+                           Row{"away from it", {-1, 0, 0}, false, false, across - 0.6F * 0.6F},
+                           Row{"across", {0, 1, 0}, false, false, across},
+                           Row{"no tangent: where u grows in the picture", {0, 0, 0}, false, false, 1.0F},
+                           Row{"no tangent, mirrored", {0, 0, 0}, true, false, across - 0.6F * 0.6F},
+                           Row{"along v", {1, 0, 0}, false, true, 1.0F},
+                           Row{"along v, mirrored", {-1, 0, 0}, true, true, 1.0F}}) {
+        glActiveTexture(GL_TEXTURE1);
+        const SmallTexture map(1, 1,
+                               row.leansAlongV ? std::vector<std::uint8_t>{128, 204, 230, 255}
+                                               : std::vector<std::uint8_t>{204, 128, 230, 255});
+        glActiveTexture(GL_TEXTURE0);
+        shineFrom(row.leansAlongV ? Lights::Vec4{0.0F, 0.6F, 0.8F, 0.0F}
+                                  : Lights::Vec4{0.6F, 0.0F, 0.8F, 0.0F});
         Tests::WindowQuad quad;
         for (Tests::QuadCorner& corner : quad.corners) {
             corner.tangent = row.tangent;
+            corner.textureCoord[0] = row.isMirrored ? 1.0F - corner.textureCoord[0] : corner.textureCoord[0];
         }
         glClear(GL_COLOR_BUFFER_BIT);
         const ShaderMaterial material{.ambient = {0.0F, 0.0F, 0.0F, 1.0F},

@@ -56,6 +56,18 @@ TEST_P(ManagerShaderGLTest, EveryFileSetCompilesWithoutAWordFromTheDriver) {
     EXPECT_EQ(Tests::KeyPresses::count(), 0);
 }
 
+TEST_P(ManagerShaderGLTest, OneFileServesBothPathsWhateverItsLineEnds) {
+    const std::string both =
+        folder.write("both.vert", "#version 150\r\n#if __VERSION__ < 130\r\n"
+                                  "void main() { gl_Position = ftransform(); }\r\n#else\r\n"
+                                  "in vec3 VertexPosition;\r\n"
+                                  "void main() { gl_Position = vec4(VertexPosition, 1.0); }\r\n"
+                                  "#endif\r\n");
+    EXPECT_NE(GLSLShader::New(both, fragmentFile()), nullptr) << reports.text();
+    EXPECT_EQ(reports.contains("ftransform"), true);
+    EXPECT_EQ(reports.contains("#version 120\n#if"), !GetParam().isShaderPath());
+}
+
 TEST_P(ManagerShaderGLTest, BelowThreeTwoReportsThatThereAreNoDefaultShaders) {
     reports.clear();
     ManagerShader::init();
@@ -220,10 +232,11 @@ TEST_P(ManagerShaderGLTest, UniformsOfEveryTypeTakeTheirValuesWhateverIsBound) {
     for (const Row& row : rows) {
         declarations.append("uniform ").append(row.declaration).append(" ").append(row.name).append(";\n");
     }
-    declarations += "uniform sampler2D tex;\n";
+    declarations += "uniform sampler2D tex;\nuniform mat3 NormalMat;\n"; // objects send one of 4 by 4
     const std::string body =
         "void main() { RESULT = vec4(f + float(i) + v2.x + v3.z + v4.w + float(i2.y + i3.z + i4.w) + "
-        "float(b) + float(b2.y) + float(b3.z) + float(b4.w) + m2[1].y + m3[2].z + m4[3].w) + "
+        "float(b) + float(b2.y) + float(b3.z) + float(b4.w) + NormalMat[0].x + m2[1].y + m3[2].z + m4[3].w) "
+        "+ "
         "SAMPLE(tex, vec2(0.5)); }\n";
     const bool isNew = GetParam().isShaderPath();
     const auto shader = GLSLShader::New(
@@ -235,6 +248,7 @@ TEST_P(ManagerShaderGLTest, UniformsOfEveryTypeTakeTheirValuesWhateverIsBound) {
                          declarations + body));
     ASSERT_NE(shader, nullptr) << reports.text();
     const auto other = GLSLShader::New(vertexFile(), fragmentFile());
+    shader->bind(Mat4(), Mat4(), ShaderCamera(Mat4(), Mat4()), ShaderMaterial{});
     other->bind();
 
     std::array<float, 16> floats{};

@@ -173,6 +173,7 @@ TEST_P(ManagerTextureGLTest, WhatIsNoImageGivesTheDefaultInTheStatedWords) {
     files.push_back(folder.write("greedy.bmp", greedy.substr(0, 200)));
     files.push_back(
         folder.write("greedy.tga", std::string("\0\0\2\0\0\0\0\0\0\0\0\0\x80\x3E\x80\x3E\x20\0", 18)));
+    files.push_back(folder.write("pointless.tga", std::string("\0\0\2\0\0\0\0\0\0\0\0\0\0\0\4\0\x20\0", 18)));
     // A scan with a restart marker and a stuffed byte, and then nothing.
     files.push_back(
         folder.write("scan.jpg", std::string("\xFF\xD8\xFF\xDA\0\2\x12\xFF\0\x34\xFF\xD3\x56", 13)));
@@ -186,7 +187,8 @@ TEST_P(ManagerTextureGLTest, WhatIsNoImageGivesTheDefaultInTheStatedWords) {
         EXPECT_TRUE(reports.contains("ERROR: SDL_Image Failed to load texture: " + file +
                                      "\n   Setting this texture to use the DEFAULT TEXTURE...\nIMG_Load: "))
             << reports.text();
-        EXPECT_EQ(reports.contains("IMG_Load: Out of memory\n"), file.find("greedy") != std::string::npos) << reports.text();
+        EXPECT_EQ(reports.contains("IMG_Load: Out of memory\n"), file.find("greedy") != std::string::npos)
+            << reports.text();
         EXPECT_EQ(Tests::countGLObjects(), before);
         EXPECT_EQ(ManagerTexture::toString(), registered);
     }

@@ -17,10 +17,11 @@ varying vec4 color;
 #define texture texture2D
 const int NumLights = 1;
 #define LIGHT_COLOR(i) gl_LightSource[i].diffuse.rgb
+#define LIGHT_SPECULAR(i) gl_LightSource[i].specular.rgb
 #define AMBIENT (gl_LightModel.ambient.rgb + gl_LightSource[0].ambient.rgb)
 #define MATERIAL_ALPHA 1.0
-#define AMBIENT_COLOR color.rgb
-#define DIFFUSE_COLOR color.rgb
+#define AMBIENT_COLOR gl_FrontMaterial.ambient.rgb
+#define DIFFUSE_COLOR gl_FrontMaterial.diffuse.rgb
 #define SPECULAR_COLOR gl_FrontMaterial.specular.rgb
 #define SHININESS gl_FrontMaterial.shininess
 #else
@@ -51,6 +52,7 @@ in vec4 color;
 out vec4 FragColor;
 
 #define LIGHT_COLOR(i) LightColor[i].rgb
+#define LIGHT_SPECULAR(i) LightColor[i].rgb
 #define AMBIENT GlobalAmbient.rgb
 #define MATERIAL_ALPHA Material.Kd.a
 #define AMBIENT_COLOR (color.rgb * Material.Ka.rgb)
@@ -75,33 +77,34 @@ vec3 directionToLight(int i) {
 #endif
 }
 
-// Where u grows, from how position and texture coordinate change from pixel to pixel.
-vec3 tangentFromPicture() {
+vec3 mappedNormal(vec3 lean) {
+    // Where u and v grow, from how position and texture coordinate change from pixel to pixel.
     vec3 positionX = dFdx(eyePosition);
     vec3 positionY = dFdy(eyePosition);
     vec2 coordX = dFdx(texCoord);
     vec2 coordY = dFdy(texCoord);
-    float turn = coordX.s * coordY.t - coordY.s * coordX.t;
-    return (positionX * coordY.t - positionY * coordX.t) * (turn < 0.0 ? -1.0 : 1.0);
-}
+    float turn = coordX.s * coordY.t - coordY.s * coordX.t < 0.0 ? -1.0 : 1.0;
+    vec3 pictureU = (positionX * coordY.t - positionY * coordX.t) * turn;
+    vec3 pictureV = (positionY * coordX.s - positionX * coordY.s) * turn;
 
-vec3 mappedNormal() {
     vec3 normal = unit(eyeNormal);
-    vec3 along = dot(eyeTangent, eyeTangent) > 0.0 ? eyeTangent : tangentFromPicture();
+    vec3 along = dot(eyeTangent, eyeTangent) > 0.0 ? eyeTangent : pictureU;
     vec3 tangentU = unit(along - normal * dot(normal, along));
     vec3 tangentV = cross(normal, tangentU);
-    vec3 lean = texture(normalTexture, texCoord).rgb * 2.0 - 1.0;
-    return unit(tangentU * lean.x + tangentV * lean.y + normal * lean.z);
+    // Where the picture is mirrored, v grows the other way.
+    bool isMirrored = dot(cross(pictureU, pictureV), normal) < 0.0;
+    return unit(tangentU * lean.x + tangentV * (isMirrored ? -lean.y : lean.y) + normal * lean.z);
 }
 
 void main() {
     vec4 base = texture(diffuseTexture, texCoord);
+    vec3 gloss = texture(specularTexture, texCoord).rgb;
+    vec3 normal = mappedNormal(texture(normalTexture, texCoord).rgb * 2.0 - 1.0);
     base.a *= color.a * MATERIAL_ALPHA;
     if (NumLights == 0) {
         FragColor = vec4(base.rgb * color.rgb, base.a);
         return;
     }
-    vec3 normal = mappedNormal();
     vec3 toEye = unit(-eyePosition);
     vec3 diffuse = vec3(0.0);
     vec3 specular = vec3(0.0);
@@ -109,12 +112,12 @@ void main() {
         vec3 toLight = directionToLight(i);
         float facing = dot(normal, toLight);
         if (facing > 0.0) {
-            float shine = max(dot(normal, unit(toLight + toEye)), 0.0);
+            float shine = max(dot(normal, unit(toLight + toEye)), 0.0001); // pow(0, 0) may be NaN
             diffuse += LIGHT_COLOR(i) * facing;
-            specular += LIGHT_COLOR(i) * pow(shine, SHININESS);
+            specular += LIGHT_SPECULAR(i) * pow(shine, max(SHININESS, 0.0));
         }
     }
     vec3 lit = (AMBIENT_COLOR * AMBIENT + DIFFUSE_COLOR * diffuse) * base.rgb +
-               SPECULAR_COLOR * texture(specularTexture, texCoord).rgb * specular;
+               SPECULAR_COLOR * gloss * specular;
     FragColor = vec4(min(lit, 1.0), base.a);
 }

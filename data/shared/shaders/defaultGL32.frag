@@ -1,6 +1,6 @@
 #version 150
-// Meshes: lights each pixel, then modulates by texture and vertex colour. Without lights and without a normal the
-// colour stays as it is, as on a fixed-function context with lighting off.
+// Meshes: lights each pixel, then modulates by texture and vertex colour. Without lights, and where there is no
+// normal, the colour stays as it is.
 
 const int MAX_LIGHTS = 8;
 
@@ -39,7 +39,8 @@ vec3 directionToLight(int i) {
 }
 
 void main() {
-    vec4 base = color * texture(TexUnit0, texCoord);
+    vec4 texel = texture(TexUnit0, texCoord);
+    vec4 base = color * texel;
     base.a *= Material.Kd.a;
     if (NumLights == 0 || dot(eyeNormal, eyeNormal) == 0.0) {
         FragColor = base;
@@ -53,11 +54,11 @@ void main() {
         vec3 toLight = directionToLight(i);
         float facing = dot(normal, toLight);
         if (facing > 0.0) {
-            float shine = max(dot(normal, unit(toLight + toEye)), 0.0);
+            float shine = max(dot(normal, unit(toLight + toEye)), 0.0001); // pow(0, 0) may be NaN
             diffuse += LightColor[i].rgb * facing;
-            specular += LightColor[i].rgb * pow(shine, Material.SpecularCoeff);
+            specular += LightColor[i].rgb * pow(shine, max(Material.SpecularCoeff, 0.0));
         }
     }
     vec3 lit = color.rgb * (Material.Ka.rgb * GlobalAmbient.rgb + Material.Kd.rgb * diffuse) + Material.Ks.rgb * specular;
-    FragColor = vec4(min(lit, 1.0) * texture(TexUnit0, texCoord).rgb, base.a);
+    FragColor = vec4(min(lit, 1.0) * texel.rgb, base.a);
 }

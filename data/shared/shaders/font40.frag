@@ -11,6 +11,6 @@ in vec2 texCoord;
 out vec4 FragColor;
 
 void main() {
-    FragColor = Color * texture(TexUnit0, texCoord);
+    FragColor = vec4(Color.rgb, Color.a * texture(TexUnit0, texCoord).a);
     gl_FragDepth = useFradeDepth != 0 ? fragDepth : gl_FragCoord.z;
 }

@@ -5,7 +5,7 @@
 
 namespace Vantrel {
 
-/** What one value of a shader's uniform or attribute consists of. The numbers are stored with meshes. */
+/** The GLSL type of a vertex attribute. */
 enum GLSLAttributeType : std::uint32_t {
     atFLOAT = 0,
     atBOOL,

@@ -1,6 +1,7 @@
 #include "vtl/gl/shader/GLSLShader.h"
 
 #include "vtl/base/Report.h"
+#include "vtl/gl/GLError.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/shader/GLSLShaderDataShared.h"
 #include "vtl/gl/shader/GLSLUniformBlockCameraTransforms.h"
@@ -54,6 +55,8 @@ void GLSLShader::bind(const Mat4& modelMatrix, const Mat4& normalMatrix, const S
         glUniformMatrix4fv(locations.mvpMatrix, 1, GL_FALSE, mvp.m.data());
     }
     sendMaterial(material);
+    constexpr std::int32_t afterUniforms = 530101;
+    checkGLErrorOfDraw(afterUniforms);
 }
 
 void GLSLShader::sendMaterial(const ShaderMaterial& material) const {
@@ -88,6 +91,9 @@ std::uint32_t GLSLShader::getProgram() const {
 }
 
 bool GLSLShader::bindUniformBlock(const std::string& name, std::uint32_t bindingPoint) {
+    if (glGetUniformBlockIndex == nullptr) { // below 3.1
+        return false;
+    }
     const auto index = static_cast<std::int32_t>(glGetUniformBlockIndex(getProgram(), name.c_str()));
     if (index < 0) {
         return false;

@@ -44,8 +44,9 @@ public:
 
     /**
      * Binds the program and sends it what it declares of the matrices ("ModelMat", "NormalMat", "MVPMat",
-     * "TexMat0") and of the material ("Material.Ka", ".Kd", ".Ks", ".SpecularCoeff"). The normal matrix takes
-     * directions from model space to eye space.
+     * "TexMat0") and of the material ("Material.Ka", ".Kd", ".Ks", ".SpecularCoeff"). The normal matrixtakes
+     * directions from model space to eye space. A name that the program declares as another type is left
+     * alone.
      */
     virtual void bind(const Mat4& modelMatrix, const Mat4& normalMatrix, const ShaderCamera& camera,
                       const ShaderMaterial& material);

@@ -8,11 +8,31 @@
 #include "vtl/gl/shader/VertexAttributeLocation.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace Vantrel {
 namespace {
+
+/** What every object that is drawn sends, and as what. */
+struct ObjectUniform {
+    const char* name;
+    GLenum type;
+    GLint GLSLObjectUniforms::*location;
+};
+
+constexpr std::array<ObjectUniform, 8> objectUniformTable{{
+    {"ModelMat", GL_FLOAT_MAT4, &GLSLObjectUniforms::modelMatrix},
+    {"NormalMat", GL_FLOAT_MAT4, &GLSLObjectUniforms::normalMatrix},
+    {"TexMat0", GL_FLOAT_MAT4, &GLSLObjectUniforms::textureMatrix},
+    {"MVPMat", GL_FLOAT_MAT4, &GLSLObjectUniforms::mvpMatrix},
+    {"Material.Ka", GL_FLOAT_VEC4, &GLSLObjectUniforms::ambient},
+    {"Material.Kd", GL_FLOAT_VEC4, &GLSLObjectUniforms::diffuse},
+    {"Material.Ks", GL_FLOAT_VEC4, &GLSLObjectUniforms::specular},
+    {"Material.SpecularCoeff", GL_FLOAT, &GLSLObjectUniforms::specularCoefficient},
+}};
 
 bool areEntryPointsLoaded() {
     return glCreateShader != nullptr && glShaderSource != nullptr && glCompileShader != nullptr &&
@@ -198,15 +218,21 @@ bool GLSLShaderDataShared::link() {
 }
 
 void GLSLShaderDataShared::findObjectUniforms() {
-    const auto locationOf = [this](const char* name) { return glGetUniformLocation(program.get(), name); };
-    objectUniforms = {.modelMatrix = locationOf("ModelMat"),
-                      .normalMatrix = locationOf("NormalMat"),
-                      .textureMatrix = locationOf("TexMat0"),
-                      .mvpMatrix = locationOf("MVPMat"),
-                      .ambient = locationOf("Material.Ka"),
-                      .diffuse = locationOf("Material.Kd"),
-                      .specular = locationOf("Material.Ks"),
-                      .specularCoefficient = locationOf("Material.SpecularCoeff")};
+    GLint count = 0;
+    glGetProgramiv(program.get(), GL_ACTIVE_UNIFORMS, &count);
+    for (GLint i = 0; i < count; ++i) {
+        std::array<char, 64> name{}; // longer ones are cut and so none of these
+        GLint size = 0;
+        GLenum type = GL_NONE;
+        glGetActiveUniform(program.get(), static_cast<GLuint>(i), name.size(), nullptr, &size, &type,
+                           name.data());
+        for (const ObjectUniform& uniform : objectUniformTable) {
+            // An author may use a name for something else, a matrix of 3 by 3 say.
+            if (std::string_view(uniform.name) == name.data() && uniform.type == type) {
+                objectUniforms.*uniform.location = glGetUniformLocation(program.get(), uniform.name);
+            }
+        }
+    }
 }
 
 } // namespace Vantrel

@@ -94,6 +94,9 @@ void ManagerShader::loadDefaultShaders() {
 }
 
 void ManagerShader::shutdown() {
+    if (state.currentProgram != 0 && ManagerWindowing::hasContext()) {
+        useProgram(0); // GL keeps a program that is in use
+    }
     state = State{};
 }
 

@@ -4,6 +4,7 @@ namespace Vantrel {
 namespace {
 
 constexpr unsigned int markerPrefix = 0xFF;
+constexpr unsigned int temporary = 0x01;
 constexpr unsigned int firstRestart = 0xD0;
 constexpr unsigned int lastRestart = 0xD7;
 constexpr unsigned int startOfImage = 0xD8;
@@ -43,7 +44,8 @@ bool isCutOffJPEG(std::span<const std::byte> file) {
         if (marker == endOfImage) {
             return false;
         }
-        at += 2 + (std::size_t{byteAt(file, at + 2)} << 8U) + byteAt(file, at + 3);
+        const bool standsAlone = marker == temporary || (marker >= firstRestart && marker <= lastRestart);
+        at += standsAlone ? 2 : 2 + (std::size_t{byteAt(file, at + 2)} << 8U) + byteAt(file, at + 3);
         if (marker == startOfScan) {
             at = endOfEntropyCoded(file, at);
         }

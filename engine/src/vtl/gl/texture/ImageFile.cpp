@@ -45,14 +45,15 @@ void flipRows(SDL_Surface& image) {
 }
 
 /**
- * The largest block that reading a file of `fileSize` bytes may take: the densest of the formats, deflate
- * with one bit a pixel, gets 8 * 1032 pixels out of a byte.
+ * The largest block that reading a file of `fileSize` bytes may take: what a picture of 4096 by 4096 takes,
+ * or, for a larger file, as much as deflate can get out of it; never more than the largest picture of all.
  */
-std::size_t largestBlock(std::size_t fileSize) {
-    constexpr std::size_t pixelsInByte = 8256;
-    constexpr std::size_t forSDLItself =
-        1U << 20U; // which doesn't get by without the little that an error takes
-    return std::max(fileSize * pixelsInByte * bytesPerPixel, forSDLItself);
+std::size_t largestBlock(std::size_t fileSize, std::uint32_t longestSide) {
+    constexpr std::size_t largePicture = std::size_t{4096} * 4096 * bytesPerPixel;
+    constexpr std::size_t deflateRatio = 1032;
+    constexpr std::size_t besidesThePicture = 1U << 20U;
+    const std::size_t largest = std::size_t{longestSide} * longestSide * bytesPerPixel + besidesThePicture;
+    return std::min(std::max(largePicture, deflateRatio * fileSize), largest);
 }
 
 /** None for what is no plain file, and for one that SDL's streams are too short for. */
@@ -150,8 +151,12 @@ SDLSurface decodeImage(std::span<const std::byte> file, const std::string& exten
         SDL_SetError("The file is no PNG, JPEG, BMP or TGA image");
         return nullptr;
     }
-    const SDLMemoryLimit limit(largestBlock(file.size()));
+    const SDLMemoryLimit limit(largestBlock(file.size(), longestSide));
     SDLSurface image(read(stream.get()));
+    if (image != nullptr && (image->w <= 0 || image->h <= 0)) {
+        SDL_SetError("The image has no pixels");
+        return nullptr;
+    }
     if (image != nullptr && (static_cast<std::uint32_t>(image->w) > longestSide ||
                              static_cast<std::uint32_t>(image->h) > longestSide)) {
         SDL_SetError("The image is larger than the graphics card takes");

@@ -17,7 +17,7 @@ using SDLSurface = std::unique_ptr<SDL_Surface, SDLSurfaceDeleter>;
 
 /**
  * Reads a PNG, JPEG, BMP or TGA image. Null, with SDL's error set, when the file can't be read, isn't one, is
- * cut off, claims more pixels than its bytes can hold, or has a side longer than `longestSide`.
+ * cut off, claims far more pixels than its bytes can hold, or has a side longer than `longestSide`.
  */
 SDLSurface readImageFile(const std::string& fileName, std::uint32_t longestSide);
 

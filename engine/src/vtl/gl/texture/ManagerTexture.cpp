@@ -57,7 +57,7 @@ bool isTypeOfSurface(std::uint32_t type) {
 }
 
 void resizeToRequest(TextureDataOwnsGLHandle& data, SDLSurface& surface) {
-    if (data.width == 0 && data.height == 0) {
+    if (surface == nullptr || (data.width == 0 && data.height == 0)) {
         return;
     }
     const auto imageWidth = static_cast<std::uint32_t>(surface->w);
@@ -134,15 +134,28 @@ std::unique_ptr<Texture> ManagerTexture::loadTexture(const std::string& fileName
     if (!isNew) {
         return std::make_unique<TextureSharesTexDataOwnsGLHandle>(data);
     }
-    if (readImage(*data)) {
-        if (instantiateOpenGLTexture(data)) {
+    try {
+        if (readAndUpload(*data)) {
             return std::make_unique<TextureSharesTexDataOwnsGLHandle>(data);
         }
-        Report() << "ERROR: Failed to send texture '" << data->toString() << "' to graphics card...\n"
-                 << "ManagerTexture is returning Default TextureDataOwnsGLHandle pointer...\n";
+    } catch (...) { // a want of memory: what has failed isn't remembered
+        remove(data);
+        throw;
     }
     remove(data);
     return state.defaultTexture != nullptr ? state.defaultTexture->clone() : nullptr;
+}
+
+bool ManagerTexture::readAndUpload(TextureDataOwnsGLHandle& data) {
+    if (!readImage(data)) {
+        return false;
+    }
+    if (!instantiateOpenGLTexture(&data)) {
+        Report() << "ERROR: Failed to send texture '" << data.toString() << "' to graphics card...\n"
+                 << "ManagerTexture is returning Default TextureDataOwnsGLHandle pointer...\n";
+        return false;
+    }
+    return true;
 }
 
 TextureDataOwnsGLHandle* ManagerTexture::insert(std::unique_ptr<TextureDataOwnsGLHandle> data, bool& isNew) {
@@ -184,6 +197,7 @@ bool ManagerTexture::readImage(TextureDataOwnsGLHandle& data) {
     {
         const std::scoped_lock lock(imageLoaderMutex);
         surface = convertToGLCoordinates(std::move(surface));
+        resizeToRequest(data, surface);
     }
     if (surface == nullptr) {
         Report() << "ERROR: Could not convert from SDL_Image Coords to OpenGL Tex coords\n"
@@ -191,7 +205,6 @@ bool ManagerTexture::readImage(TextureDataOwnsGLHandle& data) {
                  << setToDefault;
         return false;
     }
-    resizeToRequest(data, surface);
     const std::scoped_lock lock(pendingMutex);
     state.pendingTextures.push_back({&data, std::move(surface)});
     return true;

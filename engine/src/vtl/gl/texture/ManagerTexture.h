@@ -35,8 +35,10 @@ public:
                                                 std::int32_t internalFormat, std::uint32_t format,
                                                 std::uint32_t type);
 
-    /** Reads and converts the file of `data` and appends it to the queue; false on failure, which is
-     * reported. */
+    /**
+     * Reads and converts the file of `data` and appends it to the queue, where it must outlive the sending;
+     * false on failure, which is reported.
+     */
     static bool readImage(TextureDataOwnsGLHandle& data);
     /** Sends an image of the queue to the card, the oldest for null; it stays bound. False on failure. */
     static bool instantiateOpenGLTexture(TextureDataOwnsGLHandle* data);
@@ -73,6 +75,7 @@ private:
 
     static void makeDefaultWhiteTexture();
     static TextureDataOwnsGLHandle* insert(std::unique_ptr<TextureDataOwnsGLHandle> data, bool& isNew);
+    static bool readAndUpload(TextureDataOwnsGLHandle& data);
     static void remove(const TextureDataOwnsGLHandle* data);
     static PendingTexture takePending(const TextureDataOwnsGLHandle* data);
     static bool upload(TextureDataOwnsGLHandle& data, const SDL_Surface& surface);

@@ -35,7 +35,7 @@ std::string TextureData::toString() const {
     return text.str();
 }
 
-void TextureData::applySampling(const Sampling& sampling) {
+void TextureData::applySampling(const Sampling& sampling) const {
     glTexParameteri(target, GL_TEXTURE_WRAP_S, sampling.wrapS);
     glTexParameteri(target, GL_TEXTURE_WRAP_T, sampling.wrapT);
     glTexParameteri(target, GL_TEXTURE_MIN_FILTER, sampling.minFilter);
@@ -46,15 +46,6 @@ void TextureDataOwnsGLHandle::takeTexture(GLTexture created) {
     texture = std::move(created);
     glHandle = texture.get();
     doneLoading = true;
-    isSamplingKnown = false;
-}
-
-void TextureDataOwnsGLHandle::applySampling(const Sampling& sampling) {
-    if (!isSamplingKnown || applied != sampling) {
-        TextureData::applySampling(sampling);
-        applied = sampling;
-        isSamplingKnown = true;
-    }
 }
 
 std::weak_ordering compareTextureData(const TextureData& a, const TextureData& b) {

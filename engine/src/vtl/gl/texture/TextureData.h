@@ -21,8 +21,6 @@ public:
         std::int32_t wrapT = GL_REPEAT;
         std::int32_t minFilter = GL_LINEAR;
         std::int32_t magFilter = GL_LINEAR;
-
-        bool operator==(const Sampling&) const = default;
     };
 
     TextureData& operator=(const TextureData&) = delete;
@@ -35,8 +33,8 @@ public:
 
     /** Binds the image to the current texture unit. */
     void bind() const { glBindTexture(target, glHandle); }
-    /** Sets how the bound image is sampled, unless it is so already. */
-    virtual void applySampling(const Sampling& sampling);
+    /** Sets how the bound image is sampled. */
+    void applySampling(const Sampling& sampling) const;
 
     /** The GL texture exists. */
     bool doneLoading = false;
@@ -66,13 +64,9 @@ public:
 
     /** The GL texture exists from now on. */
     void takeTexture(GLTexture created);
-    /** Keeps in mind what it sent: nobody else sets the sampling of its texture. */
-    void applySampling(const Sampling& sampling) override;
 
 private:
     GLTexture texture;
-    Sampling applied;
-    bool isSamplingKnown = false;
 };
 
 /** An image whose GL texture belongs to somebody else, a frame buffer say. */
