@@ -10,6 +10,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <utility>
 
 namespace Vantrel {
 namespace {
@@ -166,6 +167,18 @@ TEST_P(BoundingBoxGLTest, DrawsItsEdgesInTheColorsOfTheAxes) {
     box.addPoint(Vector(-1, 5, 0));
     box.render(camera, model);
     expectLines(Vector(-3, -2, -1), Vector(4, 5, 3));
+}
+
+TEST_P(BoundingBoxGLTest, DrawsWhereThereAreNoBuffers) {
+    if (GetParam().isShaderPath()) {
+        GTEST_SKIP() << "a part of GL from 1.5 on";
+    }
+    const auto bindBuffer = std::exchange(glBindBuffer, nullptr);
+    BoundingBox box;
+    box.setLxLyLz(Vector(2, 4, 8), Vector());
+    box.render(camera, model);
+    glBindBuffer = bindBuffer;
+    EXPECT_LT(countPixels(black), Tests::windowWidth * Tests::windowHeight);
 }
 
 TEST_P(BoundingBoxGLTest, WritesItsBuffersAgainOnlyWhenSomethingHasChanged) {

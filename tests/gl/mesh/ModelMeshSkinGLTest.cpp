@@ -3,6 +3,7 @@
 #include "tests/gl/mesh/MeshGLFixture.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace Vantrel {
 namespace {
@@ -30,7 +31,24 @@ TEST_P(ModelMeshSkinGLTest, CopiesHaveTexturesAndShadersOfTheirOwn) {
     ModelMeshSkin skin(textureOn(*picture));
     skin.setColor(51, 102, 153, 255);
     skin.normalLength = 7;
+    skin.ambient = skin.diffuse = skin.specular = vtlColor4f(0.25F, 0.5F, 0.75F, 1.0F);
+    skin.specularCoefficient = 9;
+    skin.colorMaterial = false;
+    skin.shadingType = MESH_SHADING_TYPE::mstFLAT;
+    skin.primitiveType = GL_POINTS;
+    skin.lineWidth = 3;
+    skin.renderType = MESH_RENDER_TYPE::VA;
+    skin.renderNormals = true;
+    skin.normalLineWidth = 5;
+    skin.visibleFlag = false;
+    skin.textures.push_back(nullptr);
     ModelMeshSkin copy = skin;
+    const auto look = [](const ModelMeshSkin& of) {
+        return std::tuple(of.ambient.r, of.diffuse.g, of.specular.b, of.specularCoefficient, of.colorMaterial,
+                          of.shadingType, of.primitiveType, of.lineWidth, of.renderType, of.renderNormals,
+                          of.normalLineWidth, of.visibleFlag);
+    };
+    EXPECT_EQ(look(copy), look(skin));
     EXPECT_NE(copy.textures[0].get(), skin.textures[0].get());
     EXPECT_EQ(copy.textures[0]->getTexData(), picture.get());
     copy.textures[0]->setScale(4);
@@ -43,7 +61,7 @@ TEST_P(ModelMeshSkinGLTest, CopiesHaveTexturesAndShadersOfTheirOwn) {
     }
     copy = ModelMeshSkin();
     copy = skin;
-    EXPECT_EQ(copy.textures.size(), 1U);
+    EXPECT_EQ(copy.textures.size(), 2U);
 }
 
 TEST_P(ModelMeshSkinGLTest, BindingAndUnbindingWithoutMatricesLeavesNothingBehind) {

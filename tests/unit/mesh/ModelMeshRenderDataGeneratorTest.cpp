@@ -109,7 +109,8 @@ TEST_F(ModelMeshRenderDataGeneratorTest, WidthOfIndicesFollowsTheirNumberAndFits
     mesh.vertices.resize(70000);
     for (const Row& row :
          {Row{0, 0, GL_UNSIGNED_BYTE}, Row{254, 253, GL_UNSIGNED_BYTE}, Row{255, 253, GL_UNSIGNED_SHORT},
-          Row{3, 258, GL_UNSIGNED_SHORT}, Row{65534, 258, GL_UNSIGNED_SHORT}, Row{65535, 2, GL_UNSIGNED_INT},
+          Row{3, 255, GL_UNSIGNED_BYTE}, Row{3, 256, GL_UNSIGNED_SHORT}, Row{3, 65535, GL_UNSIGNED_SHORT},
+          Row{65534, 258, GL_UNSIGNED_SHORT}, Row{65535, 2, GL_UNSIGNED_INT},
           Row{3, 69999, GL_UNSIGNED_INT}}) {
         mesh.indices.assign(row.count, row.index);
         const ModelMeshRenderData data = mesh.generateRenderData(none, GL_POINTS);
@@ -420,9 +421,17 @@ TEST_F(ModelMeshRenderDataGeneratorTest, CombinationsWithoutGenerationEndTheProc
         EXPECT_EXIT(run(), ::testing::ExitedWithCode(row.exitCode),
                     ::testing::AllOf(::testing::StartsWith(row.text), ::testing::EndsWith(row.text)));
     }
-    for (const GLenum source : {GLenum{GL_LINE_LOOP}, GLenum{GL_TRIANGLES}}) {
-        mesh.sourcePrimitive = source;
-        EXPECT_EQ(mesh.generateRenderData(none, GL_LINE_LOOP).numIndices, 0U);
+    mesh.vertices.resize(4);
+    mesh.indices = {3, 2, 1, 0};
+    for (const auto& [wanted, source] : {std::pair{GL_LINE_LOOP, GL_LINE_LOOP},
+                                         {GL_LINE_LOOP, GL_TRIANGLES},
+                                         {GL_LINE_STRIP, GL_LINE_STRIP},
+                                         {GL_LINES, GL_LINES},
+                                         {GL_POINTS, GL_POINTS},
+                                         {GL_TRIANGLES, GL_POINTS},
+                                         {GL_TRIANGLES, GL_LINES}}) {
+        mesh.sourcePrimitive = static_cast<GLenum>(source);
+        EXPECT_EQ(indexNumbers(mesh.generateRenderData(none, static_cast<GLenum>(wanted))), mesh.indices);
     }
 }
 

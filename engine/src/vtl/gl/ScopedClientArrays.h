@@ -12,8 +12,10 @@ class ScopedClientArrays {
 public:
     ScopedClientArrays() {
         glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
-        glBindBuffer(GL_ARRAY_BUFFER, 0);
-        glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
+        if (glBindBuffer != nullptr) { // from 1.5 on
+            glBindBuffer(GL_ARRAY_BUFFER, 0);
+            glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
+        }
     }
     ScopedClientArrays(const ScopedClientArrays&) = delete;
     ScopedClientArrays& operator=(const ScopedClientArrays&) = delete;

@@ -56,8 +56,9 @@ private:
 };
 
 /** How many coordinates a texture of that target takes; 0 for one that gets none. */
-GLint coordinateCountOf(const Texture& texture) {
-    switch (texture.getTexData() != nullptr ? texture.getTexData()->target : GL_NONE) {
+GLint coordinateCountOf(const Texture* texture) {
+    switch (texture != nullptr && texture->getTexData() != nullptr ? texture->getTexData()->target
+                                                                   : GL_NONE) {
     case GL_TEXTURE_1D:
         return 1;
     case GL_TEXTURE_2D:
@@ -77,7 +78,8 @@ void pointToTextureCoords(const ModelMeshSkin& skin, const ModelMeshRenderData& 
     for (std::size_t i = 0; !offsets.empty() && i < skin.textures.size(); ++i) {
         const std::uint32_t offset = offsets[std::min(i, offsets.size() - 1)];
         glClientActiveTexture(static_cast<GLenum>(GL_TEXTURE0 + i));
-        if (const GLint count = data.floatsFrom(offset, coordinateCountOf(*skin.textures[i])); count > 0) {
+        if (const GLint count = data.floatsFrom(offset, coordinateCountOf(skin.textures[i].get()));
+            count > 0) {
             glEnableClientState(GL_TEXTURE_COORD_ARRAY);
             glTexCoordPointer(count, GL_FLOAT, source.stride(), source.at(offset));
         }
@@ -216,13 +218,16 @@ void ModelMeshDataShared::renderNormals(const ModelMeshSkin& skin, ModelMeshRend
         return;
     }
     const std::uint32_t program = ManagerShader::getCurrentProgram();
+    const bool wasSmooth = glIsEnabled(GL_LINE_SMOOTH) == GL_TRUE;
     glEnable(GL_LINE_SMOOTH);
     glHint(GL_LINE_SMOOTH_HINT, GL_NICEST);
     setLineWidth(skin.normalLineWidth);
     ManagerOpenGLState::isVersion32OrGreater() ? renderNormalsWithShader(skin, data)
                                                : renderNormalsFixedFunction(skin, data);
     setLineWidth(1.0F);
-    glDisable(GL_LINE_SMOOTH);
+    if (!wasSmooth) {
+        glDisable(GL_LINE_SMOOTH);
+    }
     ManagerShader::useProgram(program);
     checkGLErrorOfDraw(normalsCode);
 }

@@ -24,6 +24,16 @@ std::unique_ptr<std::byte[]> narrowed(std::span<const std::uint32_t> numbers) {
     return bytes;
 }
 
+/** The type, or a wider one where it doesn't hold `value`: a short list may name a late vertex. */
+GLenum widerType(GLenum type, std::uint32_t value) {
+    constexpr std::uint32_t largestByte = 0xFF;
+    constexpr std::uint32_t largestShort = 0xFFFF;
+    if (type == GL_UNSIGNED_BYTE && value > largestByte) {
+        type = GL_UNSIGNED_SHORT;
+    }
+    return type == GL_UNSIGNED_SHORT && value > largestShort ? GL_UNSIGNED_INT : type;
+}
+
 /** A place in the bound buffer, in the form in which GL takes it. */
 const void* bufferOffset(std::uint32_t offset) {
     return reinterpret_cast<const void*>(std::uintptr_t{offset});
@@ -42,10 +52,9 @@ GLenum ModelMeshIndexArray::typeFor(std::uint64_t count) {
 }
 
 ModelMeshIndexArray ModelMeshIndexArray::pack(std::span<const std::uint32_t> numbers) {
-    const std::uint64_t largest = numbers.empty() ? 0 : *std::max_element(numbers.begin(), numbers.end());
-    // A short list may name a late vertex.
-    const std::uint64_t wanted = std::max<std::uint64_t>(numbers.size(), largest + 1);
-    ModelMeshIndexArray array{.type = typeFor(wanted), .count = 0, .data = nullptr};
+    const std::uint32_t largest = numbers.empty() ? 0 : *std::max_element(numbers.begin(), numbers.end());
+    ModelMeshIndexArray array{
+        .type = widerType(typeFor(numbers.size()), largest), .count = 0, .data = nullptr};
     if (array.type == GL_OUT_OF_MEMORY) {
         Report() << "Too many indices in mesh to fit in GL_UNSIGNED_INT, this behavior is unsupported.\n";
         return array;
@@ -103,7 +112,11 @@ void ModelMeshRenderData::createBuffers() {
         glBindVertexArray(0);
         glBindBuffer(GL_ARRAY_BUFFER, 0);
     }
-    checkGLError(420001);
+    if (checkGLError(420001) > 0) { // no memory on the card, say: client memory stays
+        vertexArrayObject.reset();
+        VBOIdx.reset();
+        VBOVtx.reset();
+    }
 }
 
 /** Tells the bound vertex array what a vertex consists of. Other attributes have no location of their own. */
@@ -143,9 +156,10 @@ bool ModelMeshRenderData::mapVBODataToClientMemory(GLenum access) {
                     "   cannot map non-existant VBO to client-side memory...\n";
         return false;
     }
-    if (mappedVertexData != nullptr) {
-        return true;
+    if (numVertices == 0) {
+        return true; // nothing to map
     }
+    unmapVBODataFromClientMemory(); // it may have been mapped for another access
     glBindBuffer(GL_ARRAY_BUFFER, VBOVtx.get());
     mappedVertexData = static_cast<std::byte*>(glMapBuffer(GL_ARRAY_BUFFER, access));
     if (mappedVertexData == nullptr) {
@@ -200,14 +214,12 @@ std::vector<std::byte> ModelMeshRenderData::readBlock() const {
 }
 
 void ModelMeshRenderData::buildNormalLines() {
-    if (!hasNormals) {
+    if (!hasNormals || mappedVertexData != nullptr) { // a mapped block may be there for writing alone
         return;
     }
     std::vector<std::byte> copy;
     std::span<const std::byte> block = getClientBlock();
-    if (mappedVertexData != nullptr) {
-        block = {mappedVertexData, std::size_t{numVertices} * stride};
-    } else if (VBOVtx) {
+    if (VBOVtx) {
         copy = readBlock();
         block = copy;
     }

@@ -16,6 +16,7 @@ namespace {
 
 constexpr const char* tangentName = "tangent";
 constexpr std::size_t vectorBytes = 3 * sizeof(float);
+constexpr std::size_t cornersOfTriangle = 3;
 
 /** What the triangles around a vertex sum up to, and in the end their mean direction. */
 struct FaceSum {
@@ -208,7 +209,7 @@ ModelMeshRenderData ModelMeshRenderDataGenerator::generateNoNormals(GLenum primi
 ModelMeshRenderData ModelMeshRenderDataGenerator::generateFlatTriangles() {
     Report() << "Generating Flat Triangles\n";
     std::vector<std::uint32_t> kept;
-    const std::span<const std::uint32_t> corners = usableIndices(GL_TRIANGLES, kept);
+    const std::span<const std::uint32_t> corners = usableIndices(cornersOfTriangle, kept);
     const FlatCorners flat = giveEveryCornerItsVertex(corners);
     copyColors(flat.copies);
     if (generateTangents && !textureCoordSets.empty()) {
@@ -226,7 +227,7 @@ ModelMeshRenderData ModelMeshRenderDataGenerator::generateFlatTriangles() {
 ModelMeshRenderData ModelMeshRenderDataGenerator::generateSmoothTriangles() {
     Report() << "Generating Smooth Triangles.\n";
     std::vector<std::uint32_t> kept;
-    const std::span<const std::uint32_t> corners = usableIndices(GL_TRIANGLES, kept);
+    const std::span<const std::uint32_t> corners = usableIndices(cornersOfTriangle, kept);
     const CoincidentVertices coincident(vertices, corners);
     const std::vector<FaceSum> normals = meansOverCorners(corners, coincident, [&](std::size_t k) {
         return faceNormalOf(vertices[corners[k]], vertices[corners[k + 1]], vertices[corners[k + 2]]);
@@ -256,7 +257,7 @@ ModelMeshRenderData ModelMeshRenderDataGenerator::generateNoNormalsPointsFromTri
 
 ModelMeshRenderData ModelMeshRenderDataGenerator::buildWithoutNormals() {
     std::vector<std::uint32_t> kept;
-    return buildFromIndices(usableIndices(sourcePrimitive, kept));
+    return buildFromIndices(plainIndices(kept));
 }
 
 ModelMeshRenderData ModelMeshRenderDataGenerator::buildFromIndices(std::span<const std::uint32_t> numbers) {
@@ -342,7 +343,10 @@ void ModelMeshRenderDataGenerator::writeAttributes(std::span<std::byte> block,
             }
             continue;
         }
-        writeEntries(block, stride, array.size(), copies, [&](std::byte* vertex, std::size_t entry) {
+        // The tangents of a run have entries for its copies too.
+        const bool hasCopies = generateTangents && array.name == tangentName;
+        const std::size_t entries = hasCopies ? array.size() : std::min(array.size(), vertices.size());
+        writeEntries(block, stride, entries, copies, [&](std::byte* vertex, std::size_t entry) {
             std::memcpy(vertex + attributeOffsets[a], array.data.data() + entry * vectorBytes, vectorBytes);
         });
     }
@@ -350,7 +354,7 @@ void ModelMeshRenderDataGenerator::writeAttributes(std::span<std::byte> block,
 
 ModelMeshIndexArray ModelMeshRenderDataGenerator::buildIndexArray() const {
     std::vector<std::uint32_t> kept;
-    return ModelMeshIndexArray::pack(usableIndices(sourcePrimitive, kept));
+    return ModelMeshIndexArray::pack(plainIndices(kept));
 }
 
 std::vector<float> ModelMeshRenderDataGenerator::buildNormalLineVertices(std::span<const std::byte> block,
@@ -377,33 +381,44 @@ Vector ModelMeshRenderDataGenerator::computeTangentSmooth(const Vector& p0, cons
     return normalizedOrZero(along / (d2.x * d1.y - d1.x * d2.y));
 }
 
-/** `indices` themselves where all can be drawn; otherwise the usable ones, which `kept` then holds. */
+/**
+ * Of `indices` those of whole primitives of that many corners that name vertices alone: the list itself where
+ * that is all of them, otherwise what `kept` then holds. Of one corner, every index stands for itself.
+ */
 std::span<const std::uint32_t>
-ModelMeshRenderDataGenerator::usableIndices(GLenum primitive, std::vector<std::uint32_t>& kept) const {
-    const std::size_t corners = primitive == GL_TRIANGLES ? 3 : primitive == GL_LINES ? 2 : 1;
-    const std::size_t whole = indices.size() - indices.size() % corners;
-    const bool areAllThere = std::all_of(indices.begin(), indices.end(),
-                                         [count = vertices.size()](std::uint32_t i) { return i < count; });
-    if (areAllThere) {
-        return {indices.data(), whole};
+ModelMeshRenderDataGenerator::usableIndices(std::size_t corners, std::vector<std::uint32_t>& kept) const {
+    const std::span<const std::uint32_t> whole(indices.data(), indices.size() - indices.size() % corners);
+    const auto isThere = [count = vertices.size()](std::uint32_t index) { return index < count; };
+    if (std::all_of(whole.begin(), whole.end(), isThere)) {
+        return whole;
     }
-    kept = indicesWithVertices(corners);
-    Report() << "WARNING: ModelMeshRenderDataGenerator, " << (whole - kept.size()) / corners << " of "
-             << whole / corners << " primitives name a vertex that doesn't exist (there are "
-             << vertices.size() << "), leaving them out...\n";
-    return kept;
-}
-
-std::vector<std::uint32_t>
-ModelMeshRenderDataGenerator::indicesWithVertices(std::size_t cornersOfPrimitive) const {
-    std::vector<std::uint32_t> kept;
-    for (std::size_t k = 0; k + cornersOfPrimitive <= indices.size(); k += cornersOfPrimitive) {
-        const std::span<const std::uint32_t> primitive(indices.data() + k, cornersOfPrimitive);
-        if (*std::max_element(primitive.begin(), primitive.end()) < vertices.size()) {
+    for (std::size_t k = 0; k < whole.size(); k += corners) {
+        const std::span<const std::uint32_t> primitive = whole.subspan(k, corners);
+        if (std::all_of(primitive.begin(), primitive.end(), isThere)) {
             kept.insert(kept.end(), primitive.begin(), primitive.end());
         }
     }
+    Report() << "WARNING: ModelMeshRenderDataGenerator, " << (whole.size() - kept.size()) / corners << " of "
+             << whole.size() / corners << (corners == 1 ? " indices" : " primitives")
+             << " name a vertex that doesn't exist (there are " << vertices.size()
+             << "), leaving them out...\n";
     return kept;
+}
+
+/** All indices, as long as they name vertices; otherwise without the primitives, or single indices, that
+ * don't. */
+std::span<const std::uint32_t>
+ModelMeshRenderDataGenerator::plainIndices(std::vector<std::uint32_t>& kept) const {
+    const bool areAllThere =
+        std::all_of(indices.begin(), indices.end(),
+                    [count = vertices.size()](std::uint32_t index) { return index < count; });
+    if (areAllThere) {
+        return indices;
+    }
+    return usableIndices(sourcePrimitive == GL_TRIANGLES ? cornersOfTriangle
+                         : sourcePrimitive == GL_LINES   ? 2
+                                                         : 1,
+                         kept);
 }
 
 ModelMeshRenderDataGenerator::FlatCorners
@@ -459,8 +474,8 @@ void ModelMeshRenderDataGenerator::writeFlatNormals(std::span<std::byte> block,
                                                     std::span<const std::uint32_t> numbers) const {
     for (std::size_t k = 0; k < corners.size(); k += 3) {
         const Vector& p0 = vertices[corners[k]];
-        Vector normal = (p0 - vertices[corners[k + 1]]).crossProduct(p0 - vertices[corners[k + 2]]);
-        normal.normalize();
+        const Vector normal =
+            normalizedOrZero((p0 - vertices[corners[k + 1]]).crossProduct(p0 - vertices[corners[k + 2]]));
         for (std::size_t corner = k; corner < k + 3; ++corner) {
             store(block.data() + std::size_t{numbers[corner]} * stride + normalOffset, normal);
         }

@@ -61,16 +61,6 @@ public:
     /** Fills the offsets and `stride`. */
     void computeLayout(MESH_SHADING_TYPE shadingType);
 
-    /**
-     * The parts of a block of `stride` bytes a vertex. The block's last vertices are copies of those that
-     * `copies` names. What has no entry in the lists isn't written.
-     */
-    void writePositions(std::span<std::byte> block, std::span<const std::uint32_t> copies = {}) const;
-    void writeColors(std::span<std::byte> block) const;
-    void writeTextureCoords(std::span<std::byte> block, std::span<const std::uint32_t> copies = {}) const;
-    /** Writes atVEC3 arrays; another array that isn't empty is reported and costs a pause. */
-    void writeAttributes(std::span<std::byte> block, std::span<const std::uint32_t> copies = {}) const;
-
     /** The index array of `indices`, or of those of them that name vertices. */
     ModelMeshIndexArray buildIndexArray() const;
     /** What is drawn of the normals of a block with the present layout: 6 floats for each vertex. */
@@ -110,8 +100,18 @@ public:
 private:
     struct FlatCorners;
 
-    std::span<const std::uint32_t> usableIndices(GLenum primitive, std::vector<std::uint32_t>& kept) const;
-    std::vector<std::uint32_t> indicesWithVertices(std::size_t cornersOfPrimitive) const;
+    /**
+     * The parts of a block of `stride` bytes a vertex. The block's last vertices are copies of those that
+     * `copies` names. What has no entry in the lists isn't written.
+     */
+    void writePositions(std::span<std::byte> block, std::span<const std::uint32_t> copies = {}) const;
+    void writeColors(std::span<std::byte> block) const;
+    void writeTextureCoords(std::span<std::byte> block, std::span<const std::uint32_t> copies = {}) const;
+    /** Writes atVEC3 arrays; another array that isn't empty is reported and costs a pause. */
+    void writeAttributes(std::span<std::byte> block, std::span<const std::uint32_t> copies = {}) const;
+
+    std::span<const std::uint32_t> usableIndices(std::size_t corners, std::vector<std::uint32_t>& kept) const;
+    std::span<const std::uint32_t> plainIndices(std::vector<std::uint32_t>& kept) const;
     FlatCorners giveEveryCornerItsVertex(std::span<const std::uint32_t> corners) const;
     void copyColors(std::span<const std::uint32_t> copies);
     void computeTangentsFlat(std::span<const std::uint32_t> corners, const FlatCorners& flat);

@@ -27,12 +27,12 @@ std::vector<std::unique_ptr<Texture>> whiteTexture() {
 template <class Act>
 void forEachUnit(const std::vector<std::unique_ptr<Texture>>& textures, Act act) {
     for (std::size_t unit = 0; unit < textures.size(); ++unit) {
-        if (unit > 0) {
+        if (textures[unit] != nullptr) {
             glActiveTexture(static_cast<GLenum>(GL_TEXTURE0 + unit));
+            act(*textures[unit]);
         }
-        act(*textures[unit]);
     }
-    if (textures.size() > 1) {
+    if (!textures.empty()) {
         glActiveTexture(GL_TEXTURE0);
     }
 }
@@ -73,7 +73,7 @@ ModelMeshSkin::ModelMeshSkin(const ModelMeshSkin& other)
     , normalLineWidth(other.normalLineWidth)
     , visibleFlag(other.visibleFlag) {
     for (const std::unique_ptr<Texture>& texture : other.textures) {
-        textures.push_back(texture->clone());
+        textures.push_back(texture != nullptr ? texture->clone() : nullptr);
     }
 }
 
@@ -156,7 +156,7 @@ ShaderMaterial ModelMeshSkin::shaderMaterial() const {
     material.diffuse = diffuse;
     material.specular = specular;
     material.specularCoefficient = specularCoefficient;
-    if (!textures.empty()) {
+    if (!textures.empty() && textures[0] != nullptr) {
         textures[0]->getTextureMatrix(material.textureMatrix);
     }
     return material;

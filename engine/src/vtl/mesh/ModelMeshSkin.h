@@ -47,7 +47,7 @@ public:
 
     /**
      * Sets everything for drawing, up to `unbind`; `matrices` must last until then. Without matrices the
-     * shader keeps those that it has. Texture unit 0 is the selected one, before and after.
+     * shader keeps those that it has. Texture unit 0 is the selected one after it.
      */
     void bind(const ModelMeshMatrices* matrices);
     void unbind();
@@ -63,7 +63,7 @@ public:
     /** What a vertex without a colour of its own is drawn in on the shader path. */
     vtlColor4f getVertexColor() const { return colorMaterial ? color : vtlColor4f(); }
 
-    /** For the texture units from 0 on. */
+    /** For the texture units from 0 on; null leaves its unit alone. */
     std::vector<std::unique_ptr<Texture>> textures;
     std::unique_ptr<GLSLShader> shader;
     vtlColor4f ambient{0.4F, 0.4F, 0.4F, 1.0F};
