@@ -1,6 +1,7 @@
 #include "vtl/mesh/ModelMeshDataShared.h"
 
 #include "tests/gl/mesh/MeshGLFixture.h"
+#include "tests/support/PictureFiles.h"
 
 #include <filesystem>
 #include <fstream>
@@ -120,6 +121,9 @@ TEST_P(ModelMeshDataSharedGLTest, DrawsAsTheFixedFunctionPathDoes) {
             worst = std::max(worst, Tests::worstDifference(pictures[i].pixels[p], expected[i].pixels[p]));
         }
         EXPECT_LE(worst, looks[i].tolerance) << looks[i].name;
+        Tests::leavePictures(pictures[i], expected[i],
+                             Tests::nameOfGLContext({GetParam(), 0}) + " " + looks[i].name,
+                             worst > looks[i].tolerance);
         EXPECT_NE(expected[i].at(128, 128), black) << looks[i].name;
         EXPECT_NE(expected[i].at(128, 128), expected[i].at(30, 200)) << looks[i].name;
     }
