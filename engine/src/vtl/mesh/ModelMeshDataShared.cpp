@@ -218,16 +218,10 @@ void ModelMeshDataShared::renderNormals(const ModelMeshSkin& skin, ModelMeshRend
         return;
     }
     const std::uint32_t program = ManagerShader::getCurrentProgram();
-    const bool wasSmooth = glIsEnabled(GL_LINE_SMOOTH) == GL_TRUE;
-    glEnable(GL_LINE_SMOOTH);
-    glHint(GL_LINE_SMOOTH_HINT, GL_NICEST);
     setLineWidth(skin.normalLineWidth);
     ManagerOpenGLState::isVersion32OrGreater() ? renderNormalsWithShader(skin, data)
                                                : renderNormalsFixedFunction(skin, data);
     setLineWidth(1.0F);
-    if (!wasSmooth) {
-        glDisable(GL_LINE_SMOOTH);
-    }
     ManagerShader::useProgram(program);
     checkGLErrorOfDraw(normalsCode);
 }
@@ -235,6 +229,9 @@ void ModelMeshDataShared::renderNormals(const ModelMeshSkin& skin, ModelMeshRend
 void ModelMeshDataShared::renderNormalsFixedFunction(const ModelMeshSkin& skin,
                                                      const ModelMeshRenderData& data) {
     const ScopedPlainColors plain;
+    const bool wasSmooth = glIsEnabled(GL_LINE_SMOOTH) == GL_TRUE;
+    glEnable(GL_LINE_SMOOTH);
+    glHint(GL_LINE_SMOOTH_HINT, GL_NICEST);
     for (std::size_t i = skin.textures.size(); i-- > 0;) {
         glActiveTexture(static_cast<GLenum>(GL_TEXTURE0 + i));
         for (const GLenum target : {GLenum{GL_TEXTURE_1D}, GLenum{GL_TEXTURE_2D}, GLenum{GL_TEXTURE_3D}}) {
@@ -249,8 +246,15 @@ void ModelMeshDataShared::renderNormalsFixedFunction(const ModelMeshSkin& skin,
                         static_cast<GLsizei>(data.normalLineNumIndices), data.normalLineIndexType,
                         data.normalLineIndices.get());
     glDisableClientState(GL_VERTEX_ARRAY);
+    if (!wasSmooth) {
+        glDisable(GL_LINE_SMOOTH);
+    }
 }
 
+/**
+ * Without GL_LINE_SMOOTH: after smooth lines Mesa's software rasterizer draws whatever the same program draws
+ * later, bounding boxes say, as wide as those lines, though GL says otherwise.
+ */
 void ModelMeshDataShared::renderNormalsWithShader(const ModelMeshSkin& skin, ModelMeshRenderData& data) {
     const ModelMeshMatrices* const matrices = skin.getBoundMatrices();
     auto* const shader = ManagerShader::getDefaultBoundingBoxLinesShader();
