@@ -1,5 +1,6 @@
 #include "vtl/base/ManagerEnvironmentConfiguration.h"
 #include "vtl/base/Report.h"
+#include "vtl/gl/GLError.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/ManagerWindowing.h"
 #include "vtl/gl/shader/GLSLShaderDataShared.h"
@@ -189,6 +190,13 @@ void oursWithShaderWithoutDriver(benchmark::State& state) {
     bench.run(state, [&](PlacedMesh& placed) { bench.drawOurs(placed); });
 }
 
+/** As while a person debugs: GL is asked for errors around every step of a draw. */
+void oursWithShaderAskingForErrors(benchmark::State& state) {
+    DrawBench bench("4.5", "core");
+    areGLErrorsOfDrawsChecked = true;
+    bench.run(state, [&](PlacedMesh& placed) { bench.drawOurs(placed); });
+}
+
 void bareWithShader(benchmark::State& state) {
     DrawBench bench("4.5", "core");
     bench.run(state, drawBareWithShader);
@@ -206,6 +214,7 @@ void bareFixedFunction(benchmark::State& state) {
 
 BENCHMARK(oursWithShader)->Unit(benchmark::kMillisecond);
 BENCHMARK(oursWithShaderWithoutDriver)->Unit(benchmark::kMillisecond);
+BENCHMARK(oursWithShaderAskingForErrors)->Unit(benchmark::kMillisecond);
 BENCHMARK(bareWithShader)->Unit(benchmark::kMillisecond);
 BENCHMARK(oursFixedFunction)->Unit(benchmark::kMillisecond);
 BENCHMARK(bareFixedFunction)->Unit(benchmark::kMillisecond);
