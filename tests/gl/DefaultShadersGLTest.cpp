@@ -109,6 +109,50 @@ protected:
     std::unique_ptr<SmallTexture> whiteTexture;
 };
 
+TEST_P(DefaultShadersGLTest, UniformsStandAtTheirPlacesAndTheSettersReachThem) {
+    if (!GetParam().isShaderPath()) {
+        return;
+    }
+    const auto namesIn = [](GLSLShader& shader) {
+        std::string names;
+        for (const GLSLUniform& uniform : shader.getUniforms()) {
+            names.append(uniform.getName()).append(" ");
+        }
+        return names;
+    };
+    const std::string material =
+        "TexMat0 MVPMat TexUnit0 Material.Ka Material.Kd Material.Ks Material.SpecularCoeff ";
+    const auto mesh = GLSLShaderDefaultGL32::New();
+    EXPECT_EQ(namesIn(*mesh), "ModelMat NormalMat " + material + "ShadowMap ");
+    EXPECT_EQ(namesIn(*GLSLShaderFontDistanceFieldGL32::New()),
+              "ModelMat NormalMat " + material + "ShadowMap FontColor ");
+    EXPECT_EQ(namesIn(*GLSLShaderDefaultOrthoWOGUI_GL32::New()), material);
+    EXPECT_EQ(namesIn(*GLSLShaderFont40::New()), "ModelMat MVPMat TexUnit0 Color ");
+    const auto valueOf = [&](const char* name) {
+        std::array<float, 16> values{};
+        glGetUniformfv(mesh->getProgram(), glGetUniformLocation(mesh->getProgram(), name), values.data());
+        return values[0];
+    };
+    Mat4 matrix;
+    const auto numbered = [&](float number) -> const Mat4& {
+        matrix[0] = number;
+        return matrix;
+    };
+    mesh->setModelMatrix(numbered(2.0F));
+    mesh->setNormalMatrix(numbered(3.0F));
+    mesh->setTextureMatrix(numbered(4.0F));
+    mesh->setMVPMatrix(numbered(5.0F));
+    mesh->setMaterialAmbient({6.0F, 0.0F, 0.0F, 1.0F});
+    mesh->setMaterialDiffuse({7.0F, 0.0F, 0.0F, 1.0F});
+    mesh->setMaterialSpecular({8.0F, 0.0F, 0.0F, 1.0F});
+    mesh->setMaterialSpecularCoefficient(9.0F);
+    float expected = 2.0F;
+    for (const char* name : {"ModelMat", "NormalMat", "TexMat0", "MVPMat", "Material.Ka", "Material.Kd",
+                             "Material.Ks", "Material.SpecularCoeff"}) {
+        EXPECT_EQ(valueOf(name), expected++) << name;
+    }
+}
+
 TEST_P(DefaultShadersGLTest, MeshesAreLitByEveryKindOfLight) {
     if (!GetParam().isShaderPath()) {
         return;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vtl/gl/shader/GLSLShader.h"
+#include "vtl/gl/shader/GLSLShaderWithMaterial.h"
 #include "vtl/gl/shader/SharedShader.h"
 
 namespace Vantrel {
@@ -10,7 +10,7 @@ namespace Vantrel {
  * by the colours of the vertices. What has no normals, and everything while there are no lights, is drawn
  * unlit.
  */
-class GLSLShaderDefaultGL32 : public GLSLShader {
+class GLSLShaderDefaultGL32 : public GLSLShaderWithMaterial {
 public:
     static constexpr const char* vertexFile = "shaders/defaultGL32.vert";
     static constexpr const char* fragmentFile = "shaders/defaultGL32.frag";
@@ -18,32 +18,16 @@ public:
     explicit GLSLShaderDefaultGL32(const GLSLShaderDataShared* data);
     std::unique_ptr<GLSLShader> clone() const override;
 
-    void setModelMatrix(const Mat4& matrix);
+    void setModelMatrix(const Mat4& matrix) { uniforms[modelMatrix].setFloats(matrix.m.data()); }
     /** Model space to eye space, for directions. */
-    void setNormalMatrix(const Mat4& matrix);
-    void setTextureMatrix(const Mat4& matrix);
-    void setMVPMatrix(const Mat4& matrix);
-    void setMaterialAmbient(const vtlColor4f& color);
-    void setMaterialDiffuse(const vtlColor4f& color);
-    void setMaterialSpecular(const vtlColor4f& color);
-    /** The exponent of the highlight. */
-    void setMaterialSpecularCoefficient(float coefficient);
+    void setNormalMatrix(const Mat4& matrix) { uniforms[normalMatrix].setFloats(matrix.m.data()); }
 
 protected:
-    /** Where a class of this family finds its own uniforms: behind these. */
-    enum UniformPosition : std::size_t {
-        modelMatrix,
-        normalMatrix,
-        textureMatrix,
-        mvpMatrix,
-        textureUnit,
-        materialAmbient,
-        materialDiffuse,
-        materialSpecular,
-        materialSpecularCoefficient,
-        shadowMap,
-        uniformCount,
-    };
+    /** Classes of this family add their own uniforms behind these. */
+    static constexpr std::size_t uniformCount = 10;
+
+private:
+    enum UniformPosition : std::size_t { modelMatrix, normalMatrix };
 };
 
 } // namespace Vantrel

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "vtl/gl/shader/GLSLShader.h"
+#include "vtl/gl/shader/GLSLShaderWithMaterial.h"
 #include "vtl/gl/shader/SharedShader.h"
 
 namespace Vantrel {
 
 /** Draws widgets: pictures tinted by the diffuse colour, without light. */
-class GLSLShaderDefaultOrthoWOGUI_GL32 : public GLSLShader {
+class GLSLShaderDefaultOrthoWOGUI_GL32 : public GLSLShaderWithMaterial {
 public:
     static constexpr const char* vertexFile = "shaders/defaultOrthoMGLGUI_GL32.vert";
     static constexpr const char* fragmentFile = "shaders/defaultOrthoMGLGUI_GL32.frag";
@@ -14,26 +14,9 @@ public:
     explicit GLSLShaderDefaultOrthoWOGUI_GL32(const GLSLShaderDataShared* data);
     std::unique_ptr<GLSLShader> clone() const override;
 
-    using GLSLShader::bind;
+    using GLSLShaderWithMaterial::bind;
     /** `mvp` takes the widget's space to clip space. */
     void bind(const Mat4& mvp, const ShaderMaterial& material);
-    void setTextureMatrix(const Mat4& matrix);
-    void setMVPMatrix(const Mat4& matrix);
-    void setMaterialAmbient(const vtlColor4f& color);
-    void setMaterialDiffuse(const vtlColor4f& color);
-    void setMaterialSpecular(const vtlColor4f& color);
-    void setMaterialSpecularCoefficient(float coefficient);
-
-private:
-    enum UniformPosition : std::size_t {
-        textureMatrix,
-        mvpMatrix,
-        textureUnit,
-        materialAmbient,
-        materialDiffuse,
-        materialSpecular,
-        materialSpecularCoefficient,
-    };
 };
 
 } // namespace Vantrel
