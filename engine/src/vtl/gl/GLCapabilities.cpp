@@ -24,7 +24,7 @@ std::vector<std::string> readShadingLanguageVersions() {
     return versions;
 }
 
-/** Forward-compatible contexts, which are core contexts, know thin lines only. */
+/** Forward-compatible contexts know thin lines only. */
 float readMaxLineWidth() {
     GLint flags = 0;
     if (GLEW_VERSION_3_0) {

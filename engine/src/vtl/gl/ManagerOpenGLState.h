@@ -44,7 +44,7 @@ public:
         return isGLVersion32OrGreater(state.glMajorVersion, state.glMinorVersion);
     }
     static bool isVersion40OrGreater() { return state.glMajorVersion >= 4; }
-    /** What the driver can do; all false and zero without a context. */
+    /** What the driver can do; nothing without a context. */
     static const GLCapabilities& getCapabilities() { return state.capabilities; }
     /** Guards every buffer of vertices or indices. */
     static bool areVertexBuffersSupported() { return state.capabilities.areVertexBuffersSupported; }

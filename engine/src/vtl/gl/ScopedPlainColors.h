@@ -5,7 +5,8 @@
 namespace Vantrel {
 
 /**
- * Lets the fixed-function path draw colours as they are given, without texture, fog and light, while it
+ * Lets the fixed-function path draw colours as they are given, without fog, light and the two-dimensional
+ * texture of the selected unit, while it
  * lives; the current colour is restored with them. Needs a compatibility context.
  */
 class ScopedPlainColors {

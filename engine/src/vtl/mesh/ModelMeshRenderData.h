@@ -12,9 +12,7 @@
 
 namespace Vantrel {
 
-/**
- * An index array of the smallest width that its length asks for: below 255 indices bytes, below 65535 shorts.
- */
+/** An index array: of bytes below 255 indices, of shorts below 65535, and wider where an index needs it. */
 struct ModelMeshIndexArray {
     /** GL_UNSIGNED_BYTE, GL_UNSIGNED_SHORT or GL_UNSIGNED_INT; GL_OUT_OF_MEMORY when there are too many. */
     GLenum type = GL_UNSIGNED_BYTE;
@@ -73,7 +71,7 @@ public:
      * is. Does nothing without normals.
      */
     void buildNormalLines();
-    /** Gives every normal line that length; one without a direction stays as it is. */
+    /** Gives every normal line that length; one shorter than 0.00001 isn't made one long before. */
     void scaleNormalLines(float length);
     /** Sees to it that the normal lines are there and have that length; false without normals. */
     bool prepareNormalLines(float length);

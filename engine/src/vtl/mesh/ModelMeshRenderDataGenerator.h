@@ -30,7 +30,8 @@ struct ModelMeshTextureCoordSet {
  * shading type and primitive type that somebody asks for.
  *
  * A list that is shorter than `vertices` leaves the rest of its part of the block zero; what is longer is
- * left out. Primitives that name a missing vertex are left out and reported. Main thread.
+ * left out. Primitives that name a missing vertex are left out and reported, an incomplete last triangle
+ * without a word. Main thread.
  */
 class ModelMeshRenderDataGenerator {
 public:
