@@ -24,14 +24,17 @@ std::unique_ptr<std::byte[]> narrowed(std::span<const std::uint32_t> numbers) {
     return bytes;
 }
 
-/** The type, or a wider one where it doesn't hold `value`: a short list may name a late vertex. */
-GLenum widerType(GLenum type, std::uint32_t value) {
-    constexpr std::uint32_t largestByte = 0xFF;
-    constexpr std::uint32_t largestShort = 0xFFFF;
-    if (type == GL_UNSIGNED_BYTE && value > largestByte) {
-        type = GL_UNSIGNED_SHORT;
+/** The type for as many numbers, or a wider one that holds them all: a short list may name a late vertex. */
+GLenum typeOf(std::span<const std::uint32_t> numbers) {
+    const GLenum type = ModelMeshIndexArray::typeFor(numbers.size());
+    if (numbers.empty() || (type != GL_UNSIGNED_BYTE && type != GL_UNSIGNED_SHORT)) {
+        return type;
     }
-    return type == GL_UNSIGNED_SHORT && value > largestShort ? GL_UNSIGNED_INT : type;
+    const std::uint32_t largest = *std::max_element(numbers.begin(), numbers.end());
+    if (largest > 0xFFFF) {
+        return GL_UNSIGNED_INT;
+    }
+    return largest > 0xFF ? GL_UNSIGNED_SHORT : type;
 }
 
 /** A place in the bound buffer, in the form in which GL takes it. */
@@ -52,9 +55,7 @@ GLenum ModelMeshIndexArray::typeFor(std::uint64_t count) {
 }
 
 ModelMeshIndexArray ModelMeshIndexArray::pack(std::span<const std::uint32_t> numbers) {
-    const std::uint32_t largest = numbers.empty() ? 0 : *std::max_element(numbers.begin(), numbers.end());
-    ModelMeshIndexArray array{
-        .type = widerType(typeFor(numbers.size()), largest), .count = 0, .data = nullptr};
+    ModelMeshIndexArray array{.type = typeOf(numbers), .count = 0, .data = nullptr};
     if (array.type == GL_OUT_OF_MEMORY) {
         Report() << "Too many indices in mesh to fit in GL_UNSIGNED_INT, this behavior is unsupported.\n";
         return array;
