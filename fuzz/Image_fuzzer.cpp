@@ -11,7 +11,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace Vantrel;
     static const Fuzzing::SilentReports silent;
-    constexpr std::array<const char*, 2> extensions{"", "tga"};
+    constexpr std::array<const char*, 2> extensions{"", ".tga"};
     constexpr std::uint32_t longestSide = 1024;
     Fuzzing::FuzzInput input(data, size);
     const char* const extension = extensions[input.option() % extensions.size()];

@@ -109,10 +109,10 @@ protected:
     std::unique_ptr<SmallTexture> whiteTexture;
 };
 
+/** Of those files that also serve below 3.2, where they take the fixed-function state. */
+class DualShadersGLTest : public DefaultShadersGLTest {};
+
 TEST_P(DefaultShadersGLTest, UniformsStandAtTheirPlacesAndTheSettersReachThem) {
-    if (!GetParam().isShaderPath()) {
-        return;
-    }
     const auto namesIn = [](GLSLShader& shader) {
         std::string names;
         for (const GLSLUniform& uniform : shader.getUniforms()) {
@@ -154,9 +154,6 @@ TEST_P(DefaultShadersGLTest, UniformsStandAtTheirPlacesAndTheSettersReachThem) {
 }
 
 TEST_P(DefaultShadersGLTest, MeshesAreLitByEveryKindOfLight) {
-    if (!GetParam().isShaderPath()) {
-        return;
-    }
     struct Row {
         const char* what;
         std::array<float, 3> normal;
@@ -197,9 +194,6 @@ TEST_P(DefaultShadersGLTest, MeshesAreLitByEveryKindOfLight) {
 }
 
 TEST_P(DefaultShadersGLTest, MeshesShineAndAreModulatedByVertexColorAndTexture) {
-    if (!GetParam().isShaderPath()) {
-        return;
-    }
     lights->data.numLights = 1;
     lights->data.position[0] = {0.0F, -0.6F, -0.8F, 0.0F};
     lights->data.color[0] = {1.0F, 0.5F, 0.5F, 1.0F};
@@ -233,9 +227,6 @@ TEST_P(DefaultShadersGLTest, MeshesShineAndAreModulatedByVertexColorAndTexture) 
 }
 
 TEST_P(DefaultShadersGLTest, SelectionWritesExactBytesThroughBlending) {
-    if (!GetParam().isShaderPath()) {
-        return;
-    }
     glEnable(GL_BLEND);
     for (int value = 0; value < 256; ++value) {
         const auto r = static_cast<std::uint8_t>(value);
@@ -249,9 +240,6 @@ TEST_P(DefaultShadersGLTest, SelectionWritesExactBytesThroughBlending) {
 }
 
 TEST_P(DefaultShadersGLTest, LinesAreDrawnInTheColorsOfTheirVertices) {
-    if (!GetParam().isShaderPath()) {
-        return;
-    }
     Mat4 half;
     half[0] = 0.5F;
     for (GLSLShaderVertexColors* shader :
@@ -271,9 +259,6 @@ TEST_P(DefaultShadersGLTest, LinesAreDrawnInTheColorsOfTheirVertices) {
 }
 
 TEST_P(DefaultShadersGLTest, WidgetsAndTextShowTheirPictures) {
-    if (!GetParam().isShaderPath()) {
-        return;
-    }
     glEnable(GL_BLEND);
     const SmallTexture texture(2, 1, {102, 255, 255, 204, 255, 255, 255, 255});
     const Tests::WindowQuad quad;
@@ -311,8 +296,7 @@ TEST_P(DefaultShadersGLTest, WidgetsAndTextShowTheirPictures) {
     distances->unbind();
 }
 
-/** Runs on both paths: below 3.2 the same files take the fixed-function state. */
-TEST_P(DefaultShadersGLTest, ColorRangesAreDiscardedAndGlyphsMadeBolder) {
+TEST_P(DualShadersGLTest, ColorRangesAreDiscardedAndGlyphsMadeBolder) {
     const std::string folder = KELDIN_SHARED_DATA "shaders/";
     const SmallTexture texture(2, 1, {230, 230, 230, 255, 0, 102, 255, 102});
     Tests::WindowQuad quad;
@@ -346,7 +330,7 @@ TEST_P(DefaultShadersGLTest, ColorRangesAreDiscardedAndGlyphsMadeBolder) {
     glDisable(GL_BLEND);
 }
 
-TEST_P(DefaultShadersGLTest, TextCanLieAtADepthOfItsChoice) {
+TEST_P(DualShadersGLTest, TextCanLieAtADepthOfItsChoice) {
     const std::string folder = KELDIN_SHARED_DATA "shaders/";
     const char* const name = GetParam().isShaderPath() ? "font40" : "emboldenFont";
     const auto shader = GLSLShader::New(folder + name + ".vert", folder + name + ".frag");
@@ -369,9 +353,6 @@ TEST_P(DefaultShadersGLTest, TextCanLieAtADepthOfItsChoice) {
 }
 
 TEST_P(DefaultShadersGLTest, TheSkyIsWhereTheCameraBlockPutsIt) {
-    if (!GetParam().isShaderPath()) {
-        return;
-    }
     const std::string folder = KELDIN_SHARED_DATA "shaders/";
     const auto sky = GLSLShader::New(folder + "skyboxGL4.vert", folder + "skyboxGL4.frag");
     const SmallTexture texture(1, 1, {10, 20, 30, 255});
@@ -394,8 +375,8 @@ TEST_P(DefaultShadersGLTest, TheSkyIsWhereTheCameraBlockPutsIt) {
     EXPECT_EQ(middle(), (Pixel{0, 0, 0})); // from 1 on
 }
 
-/** Runs on both paths: light from where u or v grows, maps that lean every normal that way. */
-TEST_P(DefaultShadersGLTest, ANormalMapLeansTheNormalAlongTheTangent) {
+/** Light from where u or v grows, maps that lean every normal that way. */
+TEST_P(DualShadersGLTest, ANormalMapLeansTheNormalAlongTheTangent) {
     const std::string folder = KELDIN_SHARED_DATA "shaders/";
     const auto shader = GLSLShader::New(folder + "crazybump_DIFFUSE_NRM_SPEC.vert",
                                         folder + "crazybump_DIFFUSE_NRM_SPEC.frag");
@@ -446,7 +427,8 @@ TEST_P(DefaultShadersGLTest, ANormalMapLeansTheNormalAlongTheTangent) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Contexts, DefaultShadersGLTest, Tests::everyGLContext(), Tests::nameOfGLContext);
+INSTANTIATE_TEST_SUITE_P(Contexts, DefaultShadersGLTest, Tests::everyShaderContext(), Tests::nameOfGLContext);
+INSTANTIATE_TEST_SUITE_P(Contexts, DualShadersGLTest, Tests::everyGLContext(), Tests::nameOfGLContext);
 
 } // namespace
 } // namespace Vantrel

@@ -8,7 +8,6 @@
 #include "vtl/gl/shader/GLSLUniformBlockT.h"
 
 #include <gtest/gtest.h>
-#include <iostream>
 
 namespace Vantrel {
 namespace {
@@ -32,6 +31,8 @@ protected:
 
     Tests::TemporaryFolder folder;
 };
+
+class ShaderPathGLTest : public ManagerShaderGLTest {};
 
 TEST_P(ManagerShaderGLTest, EveryFileSetCompilesWithoutAWordFromTheDriver) {
     struct Row {
@@ -158,10 +159,7 @@ TEST_P(ManagerShaderGLTest, WithoutEntryPointsThereIsNoShader) {
     glCreateShader = createShader;
 }
 
-TEST_P(ManagerShaderGLTest, GeometryStagesNeedTheirExtensionsFunction) {
-    if (!GetParam().isShaderPath()) {
-        return;
-    }
+TEST_P(ShaderPathGLTest, GeometryStagesNeedTheirExtensionsFunction) {
     const std::string stage = folder.write("through.geom", R"(#version 150
 layout(triangles) in;
 layout(triangle_strip, max_vertices = 3) out;
@@ -187,14 +185,9 @@ void main() {
     glProgramParameteriEXT = setParameter;
 }
 
-/** For the child of a death test, whose output the parent reads. */
-void reportToErrorOutput() {
-    Reports::open([](std::string_view text) { std::cerr << text; });
-}
-
 TEST_P(ManagerShaderGLTest, AGeometryTypeThatGLDoesNotKnowEndsTheProcess) {
     if (GetParam().isShaderPath()) {
-        return; // the same everywhere
+        GTEST_SKIP() << "the same everywhere";
     }
     struct Row {
         GLenum input;
@@ -207,8 +200,9 @@ TEST_P(ManagerShaderGLTest, AGeometryTypeThatGLDoesNotKnowEndsTheProcess) {
           Row{GL_TRIANGLE_STRIP, GL_POINTS,
               "'GL_TRIANGLES_ADJACENCY_EXT'...\n   Invalid input primitive type '5'...\nPress ENTER to "
               "exit...\n"}}) {
-        EXPECT_EXIT((reportToErrorOutput(), ManagerShader::loadShader("a", "b", "", row.input, row.output)),
-                    ::testing::ExitedWithCode(255), row.text);
+        EXPECT_EXIT(
+            (Tests::reportToErrorOutput(), ManagerShader::loadShader("a", "b", "", row.input, row.output)),
+            ::testing::ExitedWithCode(255), row.text);
     }
 }
 
@@ -340,10 +334,7 @@ void expectBlockIsAsDeclared(const GLSLShader& shader) {
     ADD_FAILURE() << "no block " << Block::name;
 }
 
-TEST_P(ManagerShaderGLTest, TheDriverLaysTheBlocksOutAsTheStructuresAre) {
-    if (!GetParam().isShaderPath()) {
-        return;
-    }
+TEST_P(ShaderPathGLTest, TheDriverLaysTheBlocksOutAsTheStructuresAre) {
     const auto shader = ManagerShader::getDefaultShader();
     expectBlockIsAsDeclared<GLSLUniformBlockCameraTransforms>(*shader);
     expectBlockIsAsDeclared<GLSLUniformBlockLightInfo>(*shader);
@@ -370,6 +361,7 @@ TEST_P(ManagerShaderGLTest, BlocksThatAProgramLacksAreNoted) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Contexts, ManagerShaderGLTest, Tests::everyGLContext(), Tests::nameOfGLContext);
+INSTANTIATE_TEST_SUITE_P(Contexts, ShaderPathGLTest, Tests::everyShaderContext(), Tests::nameOfGLContext);
 
 } // namespace
 } // namespace Vantrel

@@ -43,6 +43,12 @@ inline auto everyGLContext() {
                              GLContextRow{4, 5, "compatibility"});
 }
 
+/** Those of them that draw with shaders. */
+inline auto everyShaderContext() {
+    return ::testing::Values(GLContextRow{3, 2, "core"}, GLContextRow{4, 5, "core"},
+                             GLContextRow{4, 5, "compatibility"});
+}
+
 inline std::string nameOfGLContext(const ::testing::TestParamInfo<GLContextRow>& info) {
     return std::to_string(info.param.major) + "_" + std::to_string(info.param.minor) + "_" +
            info.param.profile;

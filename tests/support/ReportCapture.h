@@ -2,10 +2,16 @@
 
 #include "vtl/base/Report.h"
 
+#include <iostream>
 #include <mutex>
 #include <string>
 
 namespace Vantrel::Tests {
+
+/** For the child of a death test: its parent reads the error output. */
+inline void reportToErrorOutput() {
+    Reports::open([](std::string_view text) { std::cerr << text; });
+}
 
 /** Gathers what is reported while it lives. One at a time; before and after, reports of a test go nowhere. */
 class ReportCapture {

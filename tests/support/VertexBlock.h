@@ -42,17 +42,13 @@ inline std::vector<std::uint8_t> bytesInBlock(const ModelMeshRenderData& data, s
 }
 
 /** The index array as numbers, whatever its width. */
-inline std::vector<std::uint32_t> indexNumbers(const std::unique_ptr<std::byte[]>& array, std::uint32_t count,
-                                               GLenum type) {
-    std::vector<std::uint32_t> numbers(count);
-    for (std::uint32_t i = 0; i < count; ++i) {
-        std::memcpy(&numbers[i], array.get() + i * sizeOfIndexType(type), sizeOfIndexType(type));
+inline std::vector<std::uint32_t> indexNumbers(const ModelMeshRenderData& data) {
+    const std::uint32_t width = sizeOfIndexType(data.indexType);
+    std::vector<std::uint32_t> numbers(data.numIndices);
+    for (std::uint32_t i = 0; i < data.numIndices; ++i) {
+        std::memcpy(&numbers[i], data.indices.get() + i * width, width);
     }
     return numbers;
-}
-
-inline std::vector<std::uint32_t> indexNumbers(const ModelMeshRenderData& data) {
-    return indexNumbers(data.indices, data.numIndices, data.indexType);
 }
 
 /** Equal to the last component's rounding. */

@@ -20,12 +20,7 @@ class GeometryGLFixture : public GLContextFixture {
 protected:
     void SetUp() override {
         GLContextFixture::SetUp();
-        ManagerShader::init();
         clearPicture();
-    }
-    void TearDown() override {
-        ManagerShader::shutdown();
-        GLContextFixture::TearDown();
     }
 
     static void clearPicture() {

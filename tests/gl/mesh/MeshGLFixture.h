@@ -125,16 +125,6 @@ protected:
         return std::make_unique<TextureSharesTexDataOwnsGLHandle>(&data);
     }
 
-    /** How many buffers, vertex arrays and textures there are. Names are handed out from 1 on. */
-    static int countNames() {
-        int count = 0;
-        for (GLuint name = 1; name < 500; ++name) {
-            count += (glIsBuffer(name) ? 1 : 0) + (glIsTexture(name) ? 1 : 0);
-            count += ManagerOpenGLState::isVersion32OrGreater() && glIsVertexArray(name) ? 1 : 0;
-        }
-        return count;
-    }
-
     static bool isShaderPath() { return ManagerOpenGLState::isVersion32OrGreater(); }
 
     std::optional<ShaderCamera> camera;

@@ -1,11 +1,11 @@
 #include "vtl/mesh/ModelMeshDataShared.h"
 
 #include "tests/gl/mesh/MeshGLFixture.h"
+#include "tests/support/GLObjectCount.h"
 #include "tests/support/PictureFiles.h"
+#include "tests/support/TemporaryFolder.h"
 #include "vtl/geometry/BoundingBox.h"
 
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 
 namespace Vantrel {
@@ -131,7 +131,10 @@ TEST_P(ModelMeshDataSharedGLTest, DrawsAsTheFixedFunctionPathDoes) {
 }
 
 TEST_P(ModelMeshDataSharedGLTest, MakesEachPairOnceAndOnDemand) {
-    const int before = countNames();
+    const Tests::GLObjectCount before = Tests::countGLObjects();
+    Tests::GLObjectCount withMesh = before;
+    withMesh.buffers += 2;
+    withMesh.vertexArrays += isShaderPath() ? 1 : 0;
     {
         ModelMeshDataShared mesh(squareMesh(0.5F));
         mesh.generateRenderData(flat, inBuffers, GL_TRIANGLES);
@@ -142,10 +145,10 @@ TEST_P(ModelMeshDataSharedGLTest, MakesEachPairOnceAndOnDemand) {
         const GLuint buffer = data->VBOVtx.get();
         mesh.generateRenderData(flat, inBuffers, GL_TRIANGLES);
         EXPECT_EQ(data->VBOVtx.get(), buffer);
-        EXPECT_EQ(countNames() - before, isShaderPath() ? 3 : 2);
+        EXPECT_EQ(Tests::countGLObjects(), withMesh);
         mesh.regenerateRenderData(flat, inBuffers, GL_TRIANGLES);
         EXPECT_EQ(mesh.getRenderData(flat, GL_TRIANGLES), data);
-        EXPECT_EQ(countNames() - before, isShaderPath() ? 3 : 2);
+        EXPECT_EQ(Tests::countGLObjects(), withMesh);
 
         ModelMeshSkin skin = skinWith(none);
         reports.clear();
@@ -161,7 +164,7 @@ TEST_P(ModelMeshDataSharedGLTest, MakesEachPairOnceAndOnDemand) {
         EXPECT_EQ(reports.count("Loading now"), 1U);
         EXPECT_EQ(mesh.getRenderData(smooth, GL_TRIANGLES), nullptr);
     }
-    EXPECT_EQ(countNames(), before);
+    EXPECT_EQ(Tests::countGLObjects(), before);
 }
 
 TEST_P(ModelMeshDataSharedGLTest, VerticesAreWhereTheRenderTypeSays) {
@@ -354,13 +357,12 @@ TEST_P(ModelMeshDataSharedGLTest, FixedFunctionPathFeedsEveryTextureUnitAndShade
     EXPECT_LE(Tests::worstDifference(shown.at(236, 128), {128, 255, 255}), 1);
     EXPECT_FALSE(glIsEnabled(GL_TEXTURE_COORD_ARRAY));
 
-    const std::filesystem::path folder = ::testing::TempDir();
-    std::ofstream(folder / "mesh_tangent.vert")
-        << "#version 120\nattribute vec3 tangent; varying vec3 shown;\n"
-           "void main() { shown = tangent; gl_Position = ftransform(); }\n";
-    std::ofstream(folder / "mesh_tangent.frag")
-        << "#version 120\nvarying vec3 shown;\nvoid main() { gl_FragColor = vec4(shown, 1.0); }\n";
-    skin.setShader(GLSLShader::New(folder / "mesh_tangent.vert", folder / "mesh_tangent.frag"));
+    const Tests::TemporaryFolder folder;
+    skin.setShader(GLSLShader::New(
+        folder.write("tangent.vert", "#version 120\nattribute vec3 tangent; varying vec3 shown;\n"
+                                     "void main() { shown = tangent; gl_Position = ftransform(); }\n"),
+        folder.write("tangent.frag", "#version 120\nvarying vec3 shown;\n"
+                                     "void main() { gl_FragColor = vec4(shown, 1.0); }\n")));
     ASSERT_NE(skin.shader, nullptr) << reports.text();
     for (const char* name : {"tangent", "absent"}) {
         skin.shader->addAttribute(GLSLAttribute(name, atVEC3, skin.shader->getProgram()));

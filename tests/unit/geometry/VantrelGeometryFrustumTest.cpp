@@ -44,7 +44,7 @@ TEST(VantrelGeometryFrustumTest, RefusesASeventhPlane) {
         const Tests::KeyPresses keys;
         Reports::open([](std::string_view) {});
         Reports::flush();
-        Reports::open([](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); });
+        Tests::reportToErrorOutput();
         operation();
     };
     EXPECT_FLOAT_EQ(frustum.getPlaneCoef(5), 100);

@@ -414,8 +414,7 @@ TEST_F(ModelMeshRenderDataGeneratorTest, CombinationsWithoutGenerationEndTheProc
     for (const Row& row : rows) {
         mesh.sourcePrimitive = row.source;
         const auto run = [&] {
-            // What the death test compares is standard error.
-            Reports::open([](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); });
+            Tests::reportToErrorOutput();
             mesh.generateRenderData(row.shading, row.wanted);
         };
         EXPECT_EXIT(run(), ::testing::ExitedWithCode(row.exitCode),

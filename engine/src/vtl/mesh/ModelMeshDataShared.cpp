@@ -242,9 +242,7 @@ void ModelMeshDataShared::renderNormalsFixedFunction(const ModelMeshSkin& skin,
     glColor4f(1.0F, 1.0F, 0.0F, 1.0F);
     glEnableClientState(GL_VERTEX_ARRAY);
     glVertexPointer(3, GL_FLOAT, 0, data.normalLineVertices.data());
-    glDrawRangeElements(data.normalLinePrimitive, 0, data.normalLineNumVertices,
-                        static_cast<GLsizei>(data.normalLineNumIndices), data.normalLineIndexType,
-                        data.normalLineIndices.get());
+    glDrawArrays(GL_LINES, 0, static_cast<GLsizei>(data.normalLineNumVertices));
     glDisableClientState(GL_VERTEX_ARRAY);
     if (!wasSmooth) {
         glDisable(GL_LINE_SMOOTH);
@@ -264,7 +262,7 @@ void ModelMeshDataShared::renderNormalsWithShader(const ModelMeshSkin& skin, Mod
     shader->bind(matrices->camera.getViewProjectionMatrix() * matrices->modelMatrix);
     setCurrentVertexColor(vtlColor4f(1.0F, 1.0F, 0.0F, 1.0F));
     data.bindNormalLineArray();
-    glDrawArrays(data.normalLinePrimitive, 0, static_cast<GLsizei>(data.normalLineNumVertices));
+    glDrawArrays(GL_LINES, 0, static_cast<GLsizei>(data.normalLineNumVertices));
     glBindVertexArray(0);
 }
 

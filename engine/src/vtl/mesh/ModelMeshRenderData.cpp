@@ -42,6 +42,21 @@ const void* bufferOffset(std::uint32_t offset) {
     return reinterpret_cast<const void*>(std::uintptr_t{offset});
 }
 
+/** 6 floats for each vertex of `block`: the position, then the position plus the normal. */
+std::vector<float> normalLineVerticesOf(std::span<const std::byte> block, const ModelMeshRenderData& layout) {
+    std::vector<float> lines(std::size_t{6} * layout.numVertices);
+    for (std::size_t i = 0; i < layout.numVertices; ++i) {
+        float* const ends = lines.data() + 6 * i;
+        const std::byte* const vertex = block.data() + i * layout.stride;
+        std::memcpy(ends, vertex + layout.positionOffset, 3 * sizeof(float));
+        std::memcpy(ends + 3, vertex + layout.normalOffset, 3 * sizeof(float));
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            ends[3 + axis] += ends[axis];
+        }
+    }
+    return lines;
+}
+
 } // namespace
 
 GLenum ModelMeshIndexArray::typeFor(std::uint64_t count) {
@@ -224,12 +239,8 @@ void ModelMeshRenderData::buildNormalLines() {
         copy = readBlock();
         block = copy;
     }
-    normalLineVertices = normalLineVerticesOf(block, numVertices, stride, positionOffset, normalOffset);
+    normalLineVertices = normalLineVerticesOf(block, *this);
     normalLineNumVertices = static_cast<std::uint32_t>(normalLineVertices.size() / 3);
-    ModelMeshIndexArray ends = normalLineIndicesOf(normalLineNumVertices / 2);
-    normalLineIndices = std::move(ends.data);
-    normalLineNumIndices = ends.count;
-    normalLineIndexType = ends.type;
     normalLineLength = 1.0F;
     isNormalLineBufferCurrent = false;
 }
@@ -278,29 +289,6 @@ void ModelMeshRenderData::bindNormalLineArray() {
     glVertexAttribPointer(VertexAttributeLocation::position, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
     glBindBuffer(GL_ARRAY_BUFFER, 0);
     isNormalLineBufferCurrent = true;
-}
-
-std::vector<float> normalLineVerticesOf(std::span<const std::byte> block, std::uint32_t vertexCount,
-                                        std::uint32_t stride, std::uint32_t positionOffset,
-                                        std::uint32_t normalOffset) {
-    const std::size_t known = stride != 0 ? block.size() / stride : 0;
-    const std::size_t count = std::min<std::size_t>(vertexCount, known);
-    std::vector<float> lines(6 * count);
-    for (std::size_t i = 0; i < count; ++i) {
-        float* const ends = lines.data() + 6 * i;
-        std::memcpy(ends, block.data() + i * stride + positionOffset, 3 * sizeof(float));
-        std::memcpy(ends + 3, block.data() + i * stride + normalOffset, 3 * sizeof(float));
-        for (std::size_t axis = 0; axis < 3; ++axis) {
-            ends[3 + axis] += ends[axis];
-        }
-    }
-    return lines;
-}
-
-ModelMeshIndexArray normalLineIndicesOf(std::uint32_t vertexCount) {
-    std::vector<std::uint32_t> ends(2 * std::size_t{vertexCount});
-    std::iota(ends.begin(), ends.end(), 0U);
-    return ModelMeshIndexArray::pack(ends);
 }
 
 } // namespace Vantrel

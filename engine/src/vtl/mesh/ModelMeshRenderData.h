@@ -89,14 +89,9 @@ public:
     std::uint32_t numIndices = 0;
     std::uint32_t numVertices = 0;
     GLenum indexType = GL_UNSIGNED_BYTE;
-    /** The normal lines, built when they are first drawn. */
-    std::unique_ptr<std::byte[]> normalLineIndices;
-    /** Tail and head of each line, 6 floats. */
+    /** The normal lines, built when they are first drawn: tail and head of each, 6 floats. */
     std::vector<float> normalLineVertices;
-    std::uint32_t normalLineNumIndices = 0;
     std::uint32_t normalLineNumVertices = 0;
-    GLenum normalLineIndexType = GL_UNSIGNED_BYTE;
-    GLenum normalLinePrimitive = GL_LINES;
     /** True once a generator has filled it. */
     bool isInitialized = false;
     /** Bytes of a vertex; any number, not only multiples of 4. */
@@ -126,13 +121,5 @@ private:
     GLBuffer normalLineBuffer;
     bool isNormalLineBufferCurrent = false;
 };
-
-/** 6 floats for each of `vertexCount` vertices of `block`: the position, then the position plus the normal.
- */
-std::vector<float> normalLineVerticesOf(std::span<const std::byte> block, std::uint32_t vertexCount,
-                                        std::uint32_t stride, std::uint32_t positionOffset,
-                                        std::uint32_t normalOffset);
-/** The numbers of the ends of that many normal lines, 0 to 2 times `vertexCount` minus 1. */
-ModelMeshIndexArray normalLineIndicesOf(std::uint32_t vertexCount);
 
 } // namespace Vantrel

@@ -352,20 +352,6 @@ void ModelMeshRenderDataGenerator::writeAttributes(std::span<std::byte> block,
     }
 }
 
-ModelMeshIndexArray ModelMeshRenderDataGenerator::buildIndexArray() const {
-    std::vector<std::uint32_t> kept;
-    return ModelMeshIndexArray::pack(plainIndices(kept));
-}
-
-std::vector<float> ModelMeshRenderDataGenerator::buildNormalLineVertices(std::span<const std::byte> block,
-                                                                         std::uint32_t vertexCount) const {
-    return normalLineVerticesOf(block, vertexCount, stride, positionOffset, normalOffset);
-}
-
-ModelMeshIndexArray ModelMeshRenderDataGenerator::buildNormalLineIndices(std::uint32_t vertexCount) {
-    return normalLineIndicesOf(vertexCount);
-}
-
 Vector ModelMeshRenderDataGenerator::computeTangentFlat(const Vector& e1, const Vector& e2, const Vector& d1,
                                                         const Vector& d2) {
     const float factor = 1 / (d1.x * d2.y + d2.x * d1.y);

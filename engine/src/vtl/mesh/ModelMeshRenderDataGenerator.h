@@ -62,13 +62,6 @@ public:
     /** Fills the offsets and `stride`. */
     void computeLayout(MESH_SHADING_TYPE shadingType);
 
-    /** The index array of `indices`, or of those of them that name vertices. */
-    ModelMeshIndexArray buildIndexArray() const;
-    /** What is drawn of the normals of a block with the present layout: 6 floats for each vertex. */
-    std::vector<float> buildNormalLineVertices(std::span<const std::byte> block,
-                                               std::uint32_t vertexCount) const;
-    static ModelMeshIndexArray buildNormalLineIndices(std::uint32_t vertexCount);
-
     /**
      * The tangent of a triangle with the edges `e1`, `e2` from its first corner, where the coordinates change
      * by `d1` and, backwards, by `d2`. Zero where there is none.

@@ -2,12 +2,7 @@
 
 namespace Vantrel {
 
-std::unique_ptr<GLSLShaderDefaultGL32> GLSLShaderDefaultGL32::New() {
-    return newSharedShader<GLSLShaderDefaultGL32>();
-}
-
-GLSLShaderDefaultGL32::GLSLShaderDefaultGL32(const GLSLShaderDataShared* data)
-    : GLSLShaderWithMaterial(data) {
+GLSLShaderDefaultGL32::GLSLShaderDefaultGL32(const GLSLShaderDataShared* data) : GLSLShaderOfFiles(data) {
     addAttribute("VertexPosition", atVEC3);
     addAttribute("VertexNormal", atVEC3);
     addAttribute("VertexTexCoord", atVEC2);
@@ -16,10 +11,6 @@ GLSLShaderDefaultGL32::GLSLShaderDefaultGL32(const GLSLShaderDataShared* data)
     addUniform("NormalMat", utMAT4);
     addMaterialUniforms();
     addUniform("ShadowMap", utSAMPLER2DSHADOW);
-}
-
-std::unique_ptr<GLSLShader> GLSLShaderDefaultGL32::clone() const {
-    return std::make_unique<GLSLShaderDefaultGL32>(*this);
 }
 
 } // namespace Vantrel

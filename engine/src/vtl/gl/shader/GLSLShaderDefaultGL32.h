@@ -1,7 +1,7 @@
 #pragma once
 
+#include "vtl/gl/shader/GLSLShaderOfFiles.h"
 #include "vtl/gl/shader/GLSLShaderWithMaterial.h"
-#include "vtl/gl/shader/SharedShader.h"
 
 namespace Vantrel {
 
@@ -10,13 +10,11 @@ namespace Vantrel {
  * by the colours of the vertices. What has no normals, and everything while there are no lights, is drawn
  * unlit.
  */
-class GLSLShaderDefaultGL32 : public GLSLShaderWithMaterial {
+class GLSLShaderDefaultGL32 : public GLSLShaderOfFiles<GLSLShaderDefaultGL32, GLSLShaderWithMaterial> {
 public:
     static constexpr const char* vertexFile = "shaders/defaultGL32.vert";
     static constexpr const char* fragmentFile = "shaders/defaultGL32.frag";
-    static std::unique_ptr<GLSLShaderDefaultGL32> New();
     explicit GLSLShaderDefaultGL32(const GLSLShaderDataShared* data);
-    std::unique_ptr<GLSLShader> clone() const override;
 
     void setModelMatrix(const Mat4& matrix) { uniforms[modelMatrix].setFloats(matrix.m.data()); }
     /** Model space to eye space, for directions. */

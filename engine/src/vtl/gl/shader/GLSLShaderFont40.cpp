@@ -2,21 +2,13 @@
 
 namespace Vantrel {
 
-std::unique_ptr<GLSLShaderFont40> GLSLShaderFont40::New() {
-    return newSharedShader<GLSLShaderFont40>();
-}
-
-GLSLShaderFont40::GLSLShaderFont40(const GLSLShaderDataShared* data) : GLSLShader(data) {
+GLSLShaderFont40::GLSLShaderFont40(const GLSLShaderDataShared* data) : GLSLShaderOfFiles(data) {
     addAttribute("VertexPosition", atVEC2);
     addAttribute("VertexTexCoord", atVEC2);
     addUniform("ModelMat", utMAT4);
     addUniform("MVPMat", utMAT4);
     addUniform("TexUnit0", utSAMPLER2D);
     addUniform("Color", utVEC4);
-}
-
-std::unique_ptr<GLSLShader> GLSLShaderFont40::clone() const {
-    return std::make_unique<GLSLShaderFont40>(*this);
 }
 
 void GLSLShaderFont40::bind(const Mat4& modelMatrix, const ShaderCamera& camera) {

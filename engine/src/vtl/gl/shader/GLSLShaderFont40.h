@@ -1,18 +1,15 @@
 #pragma once
 
-#include "vtl/gl/shader/GLSLShader.h"
-#include "vtl/gl/shader/SharedShader.h"
+#include "vtl/gl/shader/GLSLShaderOfFiles.h"
 
 namespace Vantrel {
 
 /** Draws text of one picture a glyph. */
-class GLSLShaderFont40 : public GLSLShader {
+class GLSLShaderFont40 : public GLSLShaderOfFiles<GLSLShaderFont40> {
 public:
     static constexpr const char* vertexFile = "shaders/font40.vert";
     static constexpr const char* fragmentFile = "shaders/font40.frag";
-    static std::unique_ptr<GLSLShaderFont40> New();
     explicit GLSLShaderFont40(const GLSLShaderDataShared* data);
-    std::unique_ptr<GLSLShader> clone() const override;
 
     using GLSLShader::bind;
     void bind(const Mat4& modelMatrix, const ShaderCamera& camera);

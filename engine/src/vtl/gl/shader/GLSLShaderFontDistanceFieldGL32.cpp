@@ -2,17 +2,9 @@
 
 namespace Vantrel {
 
-std::unique_ptr<GLSLShaderFontDistanceFieldGL32> GLSLShaderFontDistanceFieldGL32::New() {
-    return newSharedShader<GLSLShaderFontDistanceFieldGL32>();
-}
-
 GLSLShaderFontDistanceFieldGL32::GLSLShaderFontDistanceFieldGL32(const GLSLShaderDataShared* data)
-    : GLSLShaderDefaultGL32(data) {
+    : GLSLShaderOfFiles(data) {
     addUniform("FontColor", utVEC4);
-}
-
-std::unique_ptr<GLSLShader> GLSLShaderFontDistanceFieldGL32::clone() const {
-    return std::make_unique<GLSLShaderFontDistanceFieldGL32>(*this);
 }
 
 void GLSLShaderFontDistanceFieldGL32::bind() {

@@ -5,13 +5,12 @@
 namespace Vantrel {
 
 /** Draws text from a map of distances to the glyphs' edges. */
-class GLSLShaderFontDistanceFieldGL32 : public GLSLShaderDefaultGL32 {
+class GLSLShaderFontDistanceFieldGL32
+    : public GLSLShaderOfFiles<GLSLShaderFontDistanceFieldGL32, GLSLShaderDefaultGL32> {
 public:
     static constexpr const char* vertexFile = "shaders/fontDistanceFieldGL32.vert";
     static constexpr const char* fragmentFile = "shaders/fontDistanceFieldGL32.frag";
-    static std::unique_ptr<GLSLShaderFontDistanceFieldGL32> New();
     explicit GLSLShaderFontDistanceFieldGL32(const GLSLShaderDataShared* data);
-    std::unique_ptr<GLSLShader> clone() const override;
 
     using GLSLShaderDefaultGL32::bind;
     /** Also sends the colour again: another string may have drawn with the program since. */

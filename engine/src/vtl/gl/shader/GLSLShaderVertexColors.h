@@ -1,7 +1,6 @@
 #pragma once
 
-#include "vtl/gl/shader/GLSLShader.h"
-#include "vtl/gl/shader/SharedShader.h"
+#include "vtl/gl/shader/GLSLShaderOfFiles.h"
 
 namespace Vantrel {
 
@@ -29,56 +28,48 @@ private:
     enum UniformPosition : std::size_t { mvpMatrix };
 };
 
-/** Lines of bounding boxes. */
-class GLSLShaderDefaultBoundingBoxLinesGL32 : public GLSLShaderVertexColors {
+/** The same on the files that `Files` names, together with what they call the matrix. */
+template <class Files>
+class GLSLShaderVertexColorsOf
+    : public GLSLShaderOfFiles<GLSLShaderVertexColorsOf<Files>, GLSLShaderVertexColors>,
+      public Files {
 public:
+    explicit GLSLShaderVertexColorsOf(const GLSLShaderDataShared* data)
+        : GLSLShaderOfFiles<GLSLShaderVertexColorsOf<Files>, GLSLShaderVertexColors>(data,
+                                                                                     Files::matrixName) {}
+};
+
+struct BoundingBoxLinesFiles {
     static constexpr const char* vertexFile = "shaders/defaultBoundingBoxLinesGL32.vert";
     static constexpr const char* fragmentFile = "shaders/defaultBoundingBoxLinesGL32.frag";
-    static auto New() { return newSharedShader<GLSLShaderDefaultBoundingBoxLinesGL32>(); }
-    explicit GLSLShaderDefaultBoundingBoxLinesGL32(const GLSLShaderDataShared* data)
-        : GLSLShaderVertexColors(data, "MVPMat") {}
-    std::unique_ptr<GLSLShader> clone() const override {
-        return std::make_unique<GLSLShaderDefaultBoundingBoxLinesGL32>(*this);
-    }
+    static constexpr const char* matrixName = "MVPMat";
 };
 
-/** The loading screen. */
-class GLSLShaderDefaultLoadingScreenGL32 : public GLSLShaderVertexColors {
-public:
+struct LoadingScreenFiles {
     static constexpr const char* vertexFile = "shaders/loadingScreenGL4.vert";
     static constexpr const char* fragmentFile = "shaders/loadingScreenGL4.frag";
-    static auto New() { return newSharedShader<GLSLShaderDefaultLoadingScreenGL32>(); }
-    explicit GLSLShaderDefaultLoadingScreenGL32(const GLSLShaderDataShared* data)
-        : GLSLShaderVertexColors(data, "MVPMatrix") {}
-    std::unique_ptr<GLSLShader> clone() const override {
-        return std::make_unique<GLSLShaderDefaultLoadingScreenGL32>(*this);
-    }
+    static constexpr const char* matrixName = "MVPMatrix";
 };
 
-/** Axes and other computed lines. */
-class GLSLShaderDefaultIndexedGeometryLinesGL32 : public GLSLShaderVertexColors {
-public:
+struct IndexedGeometryLinesFiles {
     static constexpr const char* vertexFile = "shaders/IndexedGeometryAxesGL4.vert";
     static constexpr const char* fragmentFile = "shaders/IndexedGeometryAxesGL4.frag";
-    static auto New() { return newSharedShader<GLSLShaderDefaultIndexedGeometryLinesGL32>(); }
-    explicit GLSLShaderDefaultIndexedGeometryLinesGL32(const GLSLShaderDataShared* data)
-        : GLSLShaderVertexColors(data, "MVPMatrix") {}
-    std::unique_ptr<GLSLShader> clone() const override {
-        return std::make_unique<GLSLShaderDefaultIndexedGeometryLinesGL32>(*this);
-    }
+    static constexpr const char* matrixName = "MVPMatrix";
 };
 
-/** Shapes that mark the stencil for widgets. */
-class GLSLShaderDefaultOrthoStencilGL32 : public GLSLShaderVertexColors {
-public:
+struct OrthoStencilFiles {
     static constexpr const char* vertexFile = "shaders/defaultOrthoStencilGL32.vert";
     static constexpr const char* fragmentFile = "shaders/defaultOrthoStencilGL32.frag";
-    static auto New() { return newSharedShader<GLSLShaderDefaultOrthoStencilGL32>(); }
-    explicit GLSLShaderDefaultOrthoStencilGL32(const GLSLShaderDataShared* data)
-        : GLSLShaderVertexColors(data, "MVPMat") {}
-    std::unique_ptr<GLSLShader> clone() const override {
-        return std::make_unique<GLSLShaderDefaultOrthoStencilGL32>(*this);
-    }
+    static constexpr const char* matrixName = "MVPMat";
 };
+
+/** Lines of bounding boxes and normals. */
+using GLSLShaderDefaultBoundingBoxLinesGL32 = GLSLShaderVertexColorsOf<BoundingBoxLinesFiles>;
+/** The loading screen. */
+using GLSLShaderDefaultLoadingScreenGL32 = GLSLShaderVertexColorsOf<LoadingScreenFiles>;
+/** Axes and other computed lines. */
+using GLSLShaderDefaultIndexedGeometryLinesGL32 = GLSLShaderVertexColorsOf<IndexedGeometryLinesFiles>;
+/** Shapes that mark the stencil for widgets. */
+using GLSLShaderDefaultOrthoStencilGL32 = GLSLShaderVertexColorsOf<OrthoStencilFiles>;
 
 } // namespace Vantrel

@@ -91,7 +91,7 @@ Reader readerOf(SDL_RWops* stream, std::string_view extension) {
         return IMG_LoadBMP_RW;
     }
     // A TGA file has no mark to know it by.
-    return SDL_strcasecmp(std::string(extension).c_str(), "tga") == 0 ? IMG_LoadTGA_RW : nullptr;
+    return SDL_strcasecmp(std::string(extension).c_str(), ".tga") == 0 ? IMG_LoadTGA_RW : nullptr;
 }
 
 struct SDLStreamDeleter {
@@ -133,9 +133,7 @@ SDLSurface readImageFile(const std::string& fileName, std::uint32_t longestSide)
         SDL_SetError("Couldn't open %s", fileName.c_str());
         return nullptr;
     }
-    const std::size_t point = fileName.find_last_of("./");
-    const bool hasExtension = point != std::string::npos && fileName[point] == '.';
-    return decodeImage(*file, hasExtension ? fileName.substr(point + 1) : std::string(), longestSide);
+    return decodeImage(*file, std::filesystem::path(fileName).extension().string(), longestSide);
 }
 
 SDLSurface decodeImage(std::span<const std::byte> file, const std::string& extension,

@@ -21,7 +21,7 @@ using SDLSurface = std::unique_ptr<SDL_Surface, SDLSurfaceDeleter>;
  */
 SDLSurface readImageFile(const std::string& fileName, std::uint32_t longestSide);
 
-/** The same from the bytes of the file; `extension` without its point tells formats that have no mark. */
+/** The same from the bytes of the file; `extension`, with its point, tells formats that have no mark. */
 SDLSurface decodeImage(std::span<const std::byte> file, const std::string& extension,
                        std::uint32_t longestSide);
 

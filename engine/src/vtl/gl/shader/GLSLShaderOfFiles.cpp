@@ -1,4 +1,4 @@
-#include "vtl/gl/shader/SharedShader.h"
+#include "vtl/gl/shader/GLSLShaderOfFiles.h"
 
 #include "vtl/base/ManagerEnvironmentConfiguration.h"
 #include "vtl/gl/shader/ManagerShader.h"
