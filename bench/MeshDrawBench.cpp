@@ -1,18 +1,10 @@
-#include "vtl/base/ManagerEnvironmentConfiguration.h"
-#include "vtl/base/Report.h"
-#include "vtl/gl/GLError.h"
-#include "vtl/gl/ManagerOpenGLState.h"
-#include "vtl/gl/ManagerWindowing.h"
+#include "tests/support/GLContextFixture.h"
 #include "vtl/gl/shader/GLSLShaderDataShared.h"
-#include "vtl/gl/shader/ManagerShader.h"
-#include "vtl/gl/texture/ManagerTexture.h"
-#include "vtl/math/MatrixBuilders.h"
 #include "vtl/mesh/ModelMeshDataShared.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>
 #include <memory>
-#include <string>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -46,8 +38,8 @@ std::unique_ptr<ModelMeshRenderDataGenerator> cube() {
 /** A context of that version with 10,000 cubes in it, each with a skin and a place of its own. */
 class DrawBench {
 public:
-    DrawBench(const std::string& version, const std::string& profile) {
-        start(version, profile);
+    explicit DrawBench(const Tests::GLContextRow& context) {
+        start(context);
         for (std::size_t i = 0; i < meshCount; ++i) {
             PlacedMesh& placed = meshes.emplace_back();
             placed.mesh = std::make_unique<ModelMeshDataShared>(cube());
@@ -60,11 +52,7 @@ public:
     DrawBench& operator=(const DrawBench&) = delete;
     ~DrawBench() {
         meshes.clear();
-        ManagerTexture::shutdown();
-        ManagerShader::shutdown();
-        ManagerOpenGLState::shutdown();
-        ManagerWindowing::shutdown();
-        ManagerEnvironmentConfiguration::shutdown();
+        Tests::stopGL();
     }
 
     template <class Draw>
@@ -88,17 +76,11 @@ public:
     }
 
 private:
-    static void start(const std::string& version, const std::string& profile) {
+    static void start(const Tests::GLContextRow& context) {
         setenv("SDL_VIDEODRIVER", "offscreen", 0);
         setenv("GALLIUM_NOOP", "1", 0);
         Reports::open([](std::string_view) {});
-        ManagerEnvironmentConfiguration::init();
-        ManagerEnvironmentConfiguration::populateFromCommandLine(
-            {"{glContextVersion=" + version + "}", "{glContextProfile=" + profile + "}",
-             "{sharedmultimediapath=" KELDIN_SHARED_DATA "}"});
-        ManagerWindowing::init();
-        ManagerOpenGLState::init();
-        ManagerShader::init();
+        Tests::startGL(context);
         ManagerTexture::init();
     }
 
@@ -180,35 +162,35 @@ private:
 };
 
 void oursWithShader(benchmark::State& state) {
-    DrawBench bench("4.5", "core");
+    DrawBench bench({4, 5, "core"});
     bench.run(state, [&](PlacedMesh& placed) { bench.drawOurs(placed); });
 }
 
 void oursWithShaderWithoutDriver(benchmark::State& state) {
-    DrawBench bench("4.5", "core");
+    DrawBench bench({4, 5, "core"});
     const DriverDoesNothing idle;
     bench.run(state, [&](PlacedMesh& placed) { bench.drawOurs(placed); });
 }
 
 /** As while a person debugs: GL is asked for errors around every step of a draw. */
 void oursWithShaderAskingForErrors(benchmark::State& state) {
-    DrawBench bench("4.5", "core");
+    DrawBench bench({4, 5, "core"});
     areGLErrorsOfDrawsChecked = true;
     bench.run(state, [&](PlacedMesh& placed) { bench.drawOurs(placed); });
 }
 
 void bareWithShader(benchmark::State& state) {
-    DrawBench bench("4.5", "core");
+    DrawBench bench({4, 5, "core"});
     bench.run(state, drawBareWithShader);
 }
 
 void oursFixedFunction(benchmark::State& state) {
-    DrawBench bench("2.1", "compatibility");
+    DrawBench bench(Tests::fixedFunctionContext);
     bench.run(state, [&](PlacedMesh& placed) { bench.drawOurs(placed); });
 }
 
 void bareFixedFunction(benchmark::State& state) {
-    DrawBench bench("2.1", "compatibility");
+    DrawBench bench(Tests::fixedFunctionContext);
     bench.run(state, drawBareFixedFunction);
 }
 

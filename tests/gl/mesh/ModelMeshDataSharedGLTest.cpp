@@ -4,7 +4,6 @@
 #include "tests/support/GLObjectCount.h"
 #include "tests/support/PictureFiles.h"
 #include "tests/support/TemporaryFolder.h"
-#include "vtl/geometry/BoundingBox.h"
 
 #include <gtest/gtest.h>
 
@@ -311,30 +310,6 @@ TEST_P(ModelMeshDataSharedGLTest, WideLinesAreDrawnWhereTheContextHasThem) {
         glGetFloatv(GL_LINE_WIDTH, &after);
         EXPECT_EQ(after, 1.0F);
     }
-}
-
-TEST_P(ModelMeshDataSharedGLTest, NormalLinesDoNotWidenLaterLines) {
-    lookFrom(Vector(1, 2, 10), unitY);
-    const auto drawMeshAndBox = [&](bool withNormals) {
-        BoundingBox box;
-        box.setLxLyLz(Vector(1, 1, 1), Vector());
-        ModelMeshDataShared mesh(squareMesh(0.5F));
-        ModelMeshSkin skin = skinWith(flat);
-        skin.renderNormals = withNormals;
-        skin.normalLineWidth = 3;
-        draw(mesh, skin);
-        box.render(*camera, Mat4());
-        ManagerOpenGLState::restorePerObjectState();
-    };
-    clearPicture();
-    drawMeshAndBox(false);
-    const PixelPicture before = picture();
-    clearPicture();
-    drawMeshAndBox(false);
-    drawMeshAndBox(true);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    drawMeshAndBox(false);
-    EXPECT_EQ(picture().pixels, before.pixels);
 }
 
 TEST_P(ModelMeshDataSharedGLTest, FixedFunctionPathFeedsEveryTextureUnitAndShaderAttribute) {

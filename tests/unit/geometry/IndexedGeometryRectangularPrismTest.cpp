@@ -51,14 +51,5 @@ TEST(IndexedGeometryRectangularPrismTest, EnclosesItsVolumeWithFacesThatLookOutw
     }
 }
 
-TEST(IndexedGeometryRectangularPrismTest, MakesOnlyWhatItUses) {
-    OpenPrism prism(Vector(1, 1, 1), false, false);
-    prism.build();
-    EXPECT_TRUE(prism.normals.empty() && prism.textureCoords.empty());
-    prism.build();
-    EXPECT_EQ(prism.numVertices, 24U);
-    EXPECT_EQ(prism.indices.size(), 36U);
-}
-
 } // namespace
 } // namespace Vantrel

@@ -131,7 +131,6 @@ TEST_F(ModelMeshRenderDataGeneratorTest, PlainBuildWritesEveryListAtItsPlace) {
     mesh.attributeArrays[0].setAt(3, Vector(0.5F, 0.25F, 0.125F));
     const ModelMeshRenderData data = generate(none);
     ASSERT_EQ(data.numVertices, 4U);
-    EXPECT_TRUE(data.isInitialized);
     EXPECT_FALSE(data.hasNormals);
     EXPECT_EQ(data.stride, 12U + 8 + 4 + 12 + 4);
     EXPECT_EQ(indexNumbers(data), mesh.indices);

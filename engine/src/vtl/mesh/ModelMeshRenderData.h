@@ -92,8 +92,6 @@ public:
     /** The normal lines, built when they are first drawn: tail and head of each, 6 floats. */
     std::vector<float> normalLineVertices;
     std::uint32_t normalLineNumVertices = 0;
-    /** True once a generator has filled it. */
-    bool isInitialized = false;
     /** Bytes of a vertex; any number, not only multiples of 4. */
     std::uint32_t stride = 0;
     bool hasColors = false;

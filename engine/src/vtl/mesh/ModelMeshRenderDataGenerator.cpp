@@ -552,7 +552,6 @@ void ModelMeshRenderDataGenerator::finishRecord(ModelMeshRenderData& record,
     record.indices = std::move(array.data);
     record.numIndices = array.count;
     record.indexType = array.type;
-    record.isInitialized = true;
 }
 
 /** Bytes of a colour in the block; 0 for a format that isn't one. */

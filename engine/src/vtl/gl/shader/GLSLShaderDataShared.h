@@ -49,7 +49,6 @@ public:
     static std::unique_ptr<GLSLShaderDataShared> New(const GLSLShaderFiles& files,
                                                      const GLSLGeometryStage& geometryStage);
 
-    const GLSLShaderFiles& getFiles() const { return files; }
     std::uint32_t getProgram() const { return program.get(); }
     const GLSLObjectUniforms& getObjectUniforms() const { return objectUniforms; }
 
