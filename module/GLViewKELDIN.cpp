@@ -1,10 +1,10 @@
 #include "module/GLViewKELDIN.h"
 
+#include "module/WorldContainerKELDIN.h"
 #include "vtl/base/ManagerEnvironmentConfiguration.h"
 #include "vtl/base/Report.h"
 #include "vtl/gl/ManagerWindowing.h"
 #include "vtl/scene/camera/Camera.h"
-#include "vtl/scene/object/WorldContainer.h"
 
 namespace Vantrel {
 
@@ -17,9 +17,9 @@ std::unique_ptr<GLView> GLViewKELDIN::New(const std::vector<std::string>& args) 
 }
 
 void GLViewKELDIN::loadMap() {
-    worldLst = std::make_unique<WorldContainer>();
-    actorLst = std::make_unique<WorldContainer>();
-    auxLst = std::make_unique<WorldContainer>();
+    worldLst = std::make_unique<WorldContainerKELDIN>();
+    actorLst = std::make_unique<WorldList>();
+    auxLst = std::make_unique<WorldList>();
 }
 
 void GLViewKELDIN::onCreate() {

@@ -48,7 +48,12 @@ protected:
         Mat4 view;
         buildOrthographic(-halfHeight, halfHeight, -halfHeight, halfHeight, 0.1F, 100, projection);
         buildLookAt(eye, Vector(), up, view);
-        camera.emplace(projection, view);
+        lookThrough(ShaderCamera(projection, view));
+    }
+    void lookThrough(const ShaderCamera& other) {
+        camera.emplace(other);
+        const Mat4& projection = camera->getProjectionMatrix();
+        const Mat4& view = camera->getViewMatrix();
         if (isShaderPath()) {
             cameraBlock->data.view = view.m;
             cameraBlock->data.projection = projection.m;

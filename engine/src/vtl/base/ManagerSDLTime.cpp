@@ -7,6 +7,7 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <utility>
 
 namespace Vantrel {
 namespace {
@@ -104,6 +105,12 @@ std::int32_t ManagerSDLTime::readStopwatch(Stopwatch id) {
     return static_cast<std::int32_t>(currentTick() - clock().stopwatches[static_cast<std::size_t>(id)]);
 }
 
+std::int32_t ManagerSDLTime::restartStopwatch(Stopwatch id) {
+    std::uint32_t& start = clock().stopwatches[static_cast<std::size_t>(id)];
+    const std::uint32_t now = currentTick();
+    return static_cast<std::int32_t>(now - std::exchange(start, now));
+}
+
 std::uint32_t ManagerSDLTime::getFrameDeltaMs() {
     return clock().frameDeltaMs;
 }
@@ -137,11 +144,15 @@ StageTotals& ManagerSDLTime::totals() {
 }
 
 ObjectTimes& ManagerSDLTime::timesOf(const ReportedObject& object) {
-    return clock().objectTimes[&object];
+    if (object.times == nullptr) {
+        object.times = &clock().objectTimes[&object];
+    }
+    return *object.times;
 }
 
 void ManagerSDLTime::forget(const ReportedObject& object) {
     clock().objectTimes.erase(&object);
+    object.times = nullptr;
 }
 
 void ManagerSDLTime::printTimeReport() {

@@ -68,6 +68,8 @@ public:
     static void startStopwatch(Stopwatch id);
     /** Milliseconds since the last start; stops and resets nothing. */
     static std::int32_t readStopwatch(Stopwatch id);
+    /** The same, and starts it again. */
+    static std::int32_t restartStopwatch(Stopwatch id);
 
     /** Milliseconds between the last two world updates. */
     static std::uint32_t getFrameDeltaMs();

@@ -31,6 +31,11 @@ void Pause::waitForKey() {
 
 void Pause::exitAfterKey(int exitCode) {
     waitForKey();
+    exitNow(exitCode);
+}
+
+void Pause::exitNow(int exitCode) {
+    Reports::flush();
     // Not exit(): the network thread may be running, and static objects must not go from under it.
     std::_Exit(exitCode);
 }

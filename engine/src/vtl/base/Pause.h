@@ -17,6 +17,8 @@ public:
     /** The end of a fatal path: waits for a key, then ends the process with that exit code, whatever still
      * runs. */
     [[noreturn]] static void exitAfterKey(int exitCode = -1);
+    /** The end of a fatal path that asks nobody. */
+    [[noreturn]] static void exitNow(int exitCode = -1);
 
     /** Takes keys from `source`; null goes back to standard input. Main thread. */
     static void setKeySource(KeySource source);

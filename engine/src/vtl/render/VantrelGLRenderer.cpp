@@ -2,6 +2,7 @@
 
 #include "vtl/base/ManagerSDLTime.h"
 #include "vtl/gl/GLError.h"
+#include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/ManagerWindowing.h"
 #include "vtl/scene/camera/Camera.h"
 #include "vtl/scene/object/WorldContainer.h"
@@ -26,6 +27,9 @@ void VantrelGLRenderer::render(Camera* camera, WorldContainer* world) {
 void VantrelGLRenderer::renderSingleFrame(Camera* camera, WorldContainer* world) {
     constexpr std::int32_t afterCamera = 70;
     updateCamera(camera);
+    ManagerSDLTime::startStopwatch(Stopwatch::stage);
+    world->sort(camera);
+    ManagerSDLTime::totals().sortingMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
     checkGLError(afterCamera);
     renderScene(camera, world, true);
 }
@@ -44,6 +48,13 @@ void VantrelGLRenderer::updateCamera(Camera* camera) {
     ManagerSDLTime::startStopwatch(Stopwatch::stage);
     camera->update();
     ManagerSDLTime::totals().updatingCameraMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
+    camera->updateCameraMatrices();
+    if (ManagerOpenGLState::isCompatibilityProfile()) {
+        glMatrixMode(GL_PROJECTION);
+        glLoadMatrixf(camera->getProjectionMatrix().m.data());
+        glMatrixMode(GL_MODELVIEW);
+        glLoadMatrixf(camera->getViewMatrix().m.data());
+    }
     const CameraViewport& viewport = camera->getViewport();
     glViewport(viewport.x, viewport.y, viewport.width, viewport.height);
 }

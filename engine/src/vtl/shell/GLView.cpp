@@ -15,6 +15,7 @@
 #include "vtl/net/NetMessengerServer.h"
 #include "vtl/render/VantrelGLRenderer.h"
 #include "vtl/scene/camera/CameraStandardEZNav.h"
+#include "vtl/scene/model/ManagerModelMultiplicity.h"
 #include "vtl/scene/object/WO.h"
 #include "vtl/scene/object/WorldContainer.h"
 #include "vtl/shell/FrameRate.h"
@@ -120,7 +121,6 @@ GLView::~GLView() {
     destroyWorld();
     actorLst.reset();
     auxLst.reset();
-    selectedWO = nullptr;
     selectedWorldCoord.reset();
     netServer.reset();
     shutdownManagers();
@@ -136,7 +136,7 @@ void GLView::cycleActor() {
     if (actorLst == nullptr || actorLst->size() == 0) {
         return;
     }
-    const std::size_t next = actor == actorLst->at(0) ? 1 % actorLst->size() : 0;
+    const std::size_t next = actor.get() == actorLst->at(0) ? 1 % actorLst->size() : 0;
     setActor(actorLst->at(next));
 }
 
@@ -170,6 +170,7 @@ void GLView::init(const std::string& configurationFile) {
     initConfiguration(configurationFile);
     initServer();
     ManagerGLView::init(this);
+    SceneHost::set(this);
     initWindow();
     initDrawing();
     initWorld();
@@ -212,11 +213,14 @@ void GLView::initWindow() {
 
 void GLView::initDrawing() {
     constexpr std::int32_t afterRenderer = 212127;
+    constexpr std::int32_t afterBuffers = 212128;
     constexpr std::int32_t afterTexture = 212129;
     initCameraState();
     createCamera();
     renderer = VantrelGLRenderer::New();
     checkGLError(afterRenderer);
+    ManagerModelMultiplicity::init();
+    checkGLError(afterBuffers);
     ManagerTexture::init();
     checkGLError(afterTexture);
     reportStep("Initialized ManagerTexture:...");
@@ -227,6 +231,7 @@ void GLView::initWorld() {
     reportStep("Now invoking module's loadMap()...");
     loadMap();
     reportStep("Returned from module's loadMap()...");
+    checkModels();
     reportStep("All models in worldLst are non nullptr...");
     reportStep("Initialized ODE Physics Engine Instance...");
     registerGeospatialDrivers();
@@ -317,19 +322,24 @@ void GLView::updateWorldObjects() {
                            [](WO& object) { object.updateGL(); });
 }
 
+void GLView::checkModels() {
+    for (std::size_t i = 0; i < worldLst->size(); ++i) {
+        worldLst->at(i)->checkModelNotNull();
+    }
+}
+
 void GLView::destroyWorld() {
     if (worldLst == nullptr) {
         return;
     }
-    for (std::size_t i = 0; i < worldLst->size(); ++i) {
-        delete worldLst->at(i);
-    }
-    worldLst->clear();
+    worldLst->destroyAll();
     worldLst.reset();
 }
 
 void GLView::shutdownManagers() {
+    SceneHost::set(nullptr);
     ManagerGLView::shutdown();
+    ManagerModelMultiplicity::shutdown();
     ManagerSerializableNetMsgMap::shutdown();
     ManagerTexture::shutdown();
     ManagerShader::shutdown();
@@ -356,7 +366,7 @@ void GLView::resetMouseState() {
 void GLView::onMouseDown(const SDL_MouseButtonEvent& event) {
     mouseHandler.onMouseDown(event);
     cam->onMouseDown(event);
-    if (actor != nullptr) {
+    if (actor) {
         actor->onMouseDown(event);
     }
 }
@@ -364,7 +374,7 @@ void GLView::onMouseDown(const SDL_MouseButtonEvent& event) {
 void GLView::onMouseUp(const SDL_MouseButtonEvent& event) {
     mouseHandler.onMouseUp(event);
     cam->onMouseUp(event);
-    if (actor != nullptr) {
+    if (actor) {
         actor->onMouseUp(event);
     }
 }
@@ -372,7 +382,7 @@ void GLView::onMouseUp(const SDL_MouseButtonEvent& event) {
 void GLView::onMouseWheelScroll(const SDL_MouseWheelEvent& event) {
     mouseHandler.onMouseWheelScroll(event);
     cam->onMouseWheelScroll(event);
-    if (actor != nullptr) {
+    if (actor) {
         actor->onMouseWheelScroll(event);
     }
 }
@@ -380,7 +390,7 @@ void GLView::onMouseWheelScroll(const SDL_MouseWheelEvent& event) {
 void GLView::onMouseMove(const SDL_MouseMotionEvent& event) {
     mouseHandler.onMouseMove(event);
     cam->onMouseMove(event);
-    if (actor != nullptr) {
+    if (actor) {
         actor->onMouseMove(event);
     }
 }
@@ -391,6 +401,14 @@ void GLView::onKeyDown(const SDL_KeyboardEvent& event) {
     case SDLK_F1:
         Report() << "Cam Pos: " << cam->getPosition().toString(decimals)
                  << " Look At Dir: " << cam->getLookDirection().toString(decimals) << "\n";
+        break;
+    case SDLK_F2:
+        Report() << "Toggled Bounding Boxes for all Models...\n";
+        worldLst->toggleModelBoundingBoxes();
+        break;
+    case SDLK_F3:
+        Report() << "Toggled Bounding Boxes for all ModelMeshes...\n";
+        worldLst->toggleMeshBoundingBoxes();
         break;
     case SDLK_F4:
         ManagerSDLTime::printTimeReport();
@@ -408,13 +426,13 @@ void GLView::onKeyDown(const SDL_KeyboardEvent& event) {
     default:
         break;
     }
-    if (actor != nullptr) {
+    if (actor) {
         actor->onKeyDown(event);
     }
 }
 
 void GLView::onKeyUp(const SDL_KeyboardEvent& event) {
-    if (actor != nullptr) {
+    if (actor) {
         actor->onKeyUp(event);
     }
 }

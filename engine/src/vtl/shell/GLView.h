@@ -1,7 +1,9 @@
 #pragma once
 
 #include "vtl/math/VectorT.h"
+#include "vtl/scene/SceneHost.h"
 #include "vtl/scene/camera/HandlerMouseState.h"
+#include "vtl/scene/object/WO.h"
 
 #include <SDL.h>
 #include <cstdint>
@@ -14,7 +16,6 @@ namespace Vantrel {
 class Camera;
 class NetMessengerServer;
 class VantrelGLRendererBase;
-class WO;
 class WorldContainer;
 
 /** What `run` and the event handlers answer: go on, stop, or start again. */
@@ -25,7 +26,7 @@ enum class LoopCode : int { carryOn = 1, stop = 0, restart = -1 };
  * managers up and down, and runs the main loop. An application derives from it and fills the hooks. Main
  * thread.
  */
-class GLView {
+class GLView : private SceneHost {
 public:
     /** Only keeps the command line; `init` does the rest. */
     explicit GLView(std::vector<std::string> commandLine);
@@ -82,9 +83,9 @@ public:
     virtual LoopCode handleWindowEvent(SDL_Event* event);
     virtual LoopCode handleSysWMEvent(SDL_Event* event);
 
-    Camera* getCamera() { return cam.get(); }
-    WorldContainer* getWorldContainer() { return worldLst.get(); }
-    WO* getSelectedWO() { return selectedWO; }
+    Camera* getCamera() override { return cam.get(); }
+    WorldContainer* getWorldContainer() override { return worldLst.get(); }
+    WO* getSelectedWO() { return selectedWO.get(); }
     /** Frames counted in the last full second. */
     std::uint32_t getFPS() const { return fps; }
 
@@ -104,14 +105,15 @@ private:
     LoopCode handleEvents();
     void renderWorld();
     LoopCode loopCodeAfterFrame() const;
+    void checkModels();
     void destroyWorld();
     static void shutdownManagers();
 
-    WO* selectedWO = nullptr;
+    WORef<WO> selectedWO;
     std::unique_ptr<Vector> selectedWorldCoord;
     std::unique_ptr<Camera> cam;
     int camType = 0;
-    WO* actor = nullptr;
+    WORef<WO> actor;
     std::unique_ptr<NetMessengerServer> netServer;
     std::vector<std::string> args;
     std::uint32_t fps = 60;

@@ -1,0 +1,104 @@
+#include "vtl/scene/model/ManagerModelMultiplicity.h"
+
+#include "vtl/base/Pause.h"
+#include "vtl/base/Report.h"
+#include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/scene/model/ModelDataShared.h"
+#include "vtl/scene/parser/ModelParser.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+namespace Vantrel {
+namespace {
+
+struct FileKind {
+    std::string_view ending;
+    ManagerModelMultiplicity::MakeParser makeParser;
+};
+
+std::array<FileKind, 3> fileKinds{{{".wrl", nullptr}, {".3ds", nullptr}, {".obj", nullptr}}};
+
+using Masters = std::map<ModelDataSharedID, std::unique_ptr<ModelDataShared>, ModelDataSharedIDOrder>;
+
+// Never destroyed: a model that outlives `main` still asks to be released.
+Masters& masters() {
+    static Masters* const only = new Masters;
+    return *only;
+}
+
+std::string lowerCased(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return text;
+}
+
+std::unique_ptr<ModelDataShared> readMaster(const ModelDataSharedID& id, MESH_SHADING_TYPE shadingType) {
+    const std::string name = lowerCased(id.fileName);
+    const auto kind = std::find_if(fileKinds.begin(), fileKinds.end(), [&](const FileKind& candidate) {
+        return name.find(candidate.ending) != std::string::npos;
+    });
+    if (kind == fileKinds.end() || kind->makeParser == nullptr) {
+        return nullptr;
+    }
+    return kind->makeParser(id.fileName, id.scale, shadingType)->parse();
+}
+
+[[noreturn]] void refuseFile(const std::string& fileName) {
+    Report() << "ManagerModelMultiplicity Failed to load file '" << fileName << "'...\n"
+             << "Press ENTER to exit...\n";
+    Pause::exitAfterKey();
+}
+
+} // namespace
+
+void ManagerModelMultiplicity::init() {
+    if (ManagerOpenGLState::areVertexBuffersSupported()) {
+        Report() << "Your graphics card supports VBOs...\n";
+    } else {
+        Report() << "NO SUPPORT for Server-side Vertex Buffer Objects (VBOs)...\n"
+                 << "Using Client-side Vertex Arrays (VAs)...\n";
+    }
+}
+
+void ManagerModelMultiplicity::shutdown() {
+    const Masters gone = std::exchange(masters(), {}); // whose own release then finds nothing
+}
+
+void ManagerModelMultiplicity::getModelData(std::unique_ptr<ModelDataShared>& out,
+                                            const std::string& fileName, const Vector& scale,
+                                            MESH_SHADING_TYPE shadingType) {
+    ModelDataSharedID id(fileName, scale);
+    auto entry = masters().find(id);
+    if (entry == masters().end()) {
+        std::unique_ptr<ModelDataShared> master = readMaster(id, shadingType);
+        if (!master) {
+            refuseFile(fileName);
+        }
+        master->id = id;
+        master->sendToServer();
+        entry = masters().emplace(std::move(id), std::move(master)).first;
+    }
+    ++entry->second->id.referenceCount;
+    out = std::make_unique<ModelDataShared>(*entry->second);
+}
+
+void ManagerModelMultiplicity::release(const ModelDataSharedID& id) {
+    const auto entry = masters().find(id);
+    if (entry == masters().end() || --entry->second->id.referenceCount != 0) {
+        return;
+    }
+    const std::unique_ptr<ModelDataShared> master = std::move(entry->second);
+    masters().erase(entry); // first, so that the master's own release finds nothing
+}
+
+void ManagerModelMultiplicity::setParser(std::string_view ending, MakeParser make) {
+    for (FileKind& kind : fileKinds) {
+        if (kind.ending == ending) {
+            kind.makeParser = make;
+        }
+    }
+}
+
+} // namespace Vantrel

@@ -1,0 +1,384 @@
+#include "vtl/scene/model/Model.h"
+
+#include "vtl/base/Pause.h"
+#include "vtl/base/Report.h"
+#include "vtl/base/SourceLocation.h"
+#include "vtl/geometry/VantrelGeometryFrustum.h"
+#include "vtl/gl/ScopedModelMatrix.h"
+#include "vtl/gl/ScopedSelectionColor.h"
+#include "vtl/gl/texture/ManagerTexture.h"
+#include "vtl/math/MatrixBuilders.h"
+#include "vtl/math/ScalarComparison.h"
+#include "vtl/scene/SceneHost.h"
+#include "vtl/scene/camera/Camera.h"
+#include "vtl/scene/model/ManagerModelMultiplicity.h"
+#include "vtl/scene/model/ModelDataShared.h"
+#include "vtl/scene/object/WorldContainer.h"
+
+#include <array>
+#include <utility>
+
+namespace Vantrel {
+namespace {
+
+/** `point` moved by `matrix`, its translation included. */
+Vector transformed(const Mat4& matrix, const Vector& point) {
+    return matrix * point + Vector(&matrix.m[12]);
+}
+
+Vector scaledBy(const Vector& v, const Vector& scale) {
+    return {v.x * scale.x, v.y * scale.y, v.z * scale.z};
+}
+
+/** The unit vector at right angles to both; `spare` where they point the same or the opposite way. */
+Vector acrossOr(const Vector& spare, const Vector& a, const Vector& b) {
+    const Vector across = a.normalizeMe().crossProduct(b.normalizeMe()).normalizeMe();
+    return isNearZero(across.magnitudeSquared()) ? spare : across;
+}
+
+/** Draws without writing depths, where a model asks for that; the shadow map is made of depths alone. */
+class ScopedDepthWrites {
+public:
+    ScopedDepthWrites(bool enabled, const Camera& camera) : isOff(!enabled && !camera.isShadowMapCamera) {
+        if (enabled || isOff) {
+            glDepthMask(enabled ? GL_TRUE : GL_FALSE);
+        }
+    }
+    ScopedDepthWrites(const ScopedDepthWrites&) = delete;
+    ScopedDepthWrites& operator=(const ScopedDepthWrites&) = delete;
+    ~ScopedDepthWrites() {
+        if (isOff) {
+            glDepthMask(GL_TRUE);
+        }
+    }
+
+private:
+    bool isOff;
+};
+
+} // namespace
+
+std::unique_ptr<Model> Model::New(WO* parent, const std::string& fileName, const Vector& scale,
+                                  MESH_SHADING_TYPE shadingType) {
+    auto model = std::make_unique<Model>(parent);
+    model->load(fileName, scale, shadingType);
+    return model;
+}
+
+Model::Model(WO* parent) : parentWO(parent) {
+}
+
+Model::~Model() = default;
+
+void Model::load(const std::string& fileName, const Vector& scale, MESH_SHADING_TYPE shadingType) {
+    std::unique_ptr<ModelDataShared> data;
+    ManagerModelMultiplicity::getModelData(data, fileName, scale, shadingType);
+    setModelData(std::move(data));
+    computeRotationPoint();
+}
+
+void Model::setModelData(std::unique_ptr<ModelDataShared> data) {
+    modelData = std::move(data);
+    modelData->setParentModel(this);
+}
+
+Mat4 Model::getNormalMatrix(const Camera& camera) const {
+    return camera.getViewMatrix() * modelDisplayMatrix;
+}
+
+void Model::render(Camera* camera) {
+    if (!modelData) {
+        return;
+    }
+    const Mat4 modelMatrix = getModelMatrix();
+    const Mat4 normalMatrix = getNormalMatrix(*camera);
+    const ScopedModelMatrix matrix(modelMatrix);
+    glEnable(GL_BLEND);
+    const ScopedDepthWrites depthWrites(depthWritesEnabled, *camera);
+    modelData->render({modelMatrix, normalMatrix, camera->getShaderCamera()});
+    if (boundingBoxVisible) {
+        modelData->boundingBox.render(camera->getShaderCamera(), modelMatrix);
+    }
+}
+
+void Model::renderSelection(Camera* camera, std::uint8_t r, std::uint8_t g, std::uint8_t b) {
+    if (!modelData) {
+        return;
+    }
+    const ScopedSelectionColor color(camera->getShaderCamera(), getModelMatrix(), r, g, b);
+    modelData->renderSelection(r, g, b);
+}
+
+std::string Model::getFileName() const {
+    return modelData ? modelData->id.fileName : std::string();
+}
+
+Vector Model::getFileScale() const {
+    return modelData ? modelData->id.scale : Vector();
+}
+
+void Model::resetTransforms() {
+    modelDisplayMatrix.setIdentity();
+    rotationPoint = Vector();
+    modelTranslateAmt = Vector();
+    modelScale = Vector(1.0F, 1.0F, 1.0F);
+    scaleEnabled = false;
+    onTranslated();
+    onRotated();
+}
+
+const std::vector<const Vector*>* Model::getCompositeVertexList() const {
+    return modelData ? &modelData->getComposite().getVertices() : nullptr;
+}
+
+const std::vector<std::uint32_t>* Model::getCompositeIndexList() const {
+    return modelData ? &modelData->getComposite().getIndices() : nullptr;
+}
+
+const std::vector<Vector>* Model::getCompositeTangentList() const {
+    return modelData ? modelData->getComposite().getTangents() : nullptr;
+}
+
+BoundingBox& Model::getBoundingBox() {
+    if (!modelData) {
+        Report() << describeNoData("ERROR: ", "getBoundingBox", ". Halting Execution now...\n");
+        Pause::exitNow();
+    }
+    return modelData->boundingBox;
+}
+
+void Model::getBoundingBoxCorners(std::span<Vector, 8> out) const {
+    getBoundingBox().getCorners(out);
+    for (Vector& corner : out) {
+        corner = modelToOwner(corner);
+    }
+}
+
+void Model::getBoundingBoxPlanes(std::span<VantrelGeometryPlane, 6> out) const {
+    std::array<Vector, 8> corners;
+    getBoundingBoxCorners(corners);
+    const Vector& most = corners.front();
+    const Vector& least = corners.back();
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        const Vector normal = columnOf(axis);
+        out[2 * axis] = {normal.x, normal.y, normal.z, normal.dotProduct(most)};
+        out[2 * axis + 1] = {-normal.x, -normal.y, -normal.z, -normal.dotProduct(least)};
+    }
+}
+
+void Model::computeRotationPoint() {
+    rotationPoint = getBoundingBox().getCenter();
+}
+
+VantrelGeometryOBB Model::getOBB() const {
+    const Vector look = getLookDirection();
+    const Vector up = getNormalDirection();
+    return {modelTranslateAmt, getBoundingBox().getLxLyLz(), look, up.crossProduct(look), up};
+}
+
+void Model::setLookDirection(const Vector& direction) {
+    const Vector look = direction.normalizeMe();
+    if (isNearZero(look.magnitudeSquared())) {
+        return;
+    }
+    const Vector left = acrossOr(getYAxis(), getNormalDirection(), look);
+    setAxes(look, left, look.crossProduct(left).normalizeMe());
+}
+
+void Model::setNormalDirection(const Vector& direction) {
+    const Vector up = direction.normalizeMe();
+    if (isNearZero(up.magnitudeSquared())) {
+        return;
+    }
+    const Vector left = acrossOr(getYAxis(), up, getLookDirection());
+    setAxes(left.crossProduct(up).normalizeMe(), left, up);
+}
+
+void Model::setAxes(const Vector& look, const Vector& left, const Vector& up) {
+    const std::array<float, 16> columns{look.x, look.y, look.z, 0, left.x, left.y, left.z, 0,
+                                        up.x,   up.y,   up.z,   0, 0,      0,      0,      1};
+    setDisplayMatrix(Mat4(columns.data()));
+}
+
+Vector Model::inverseRotateVector(const Vector& v) const {
+    Mat4 inverse;
+    Mat4::invert(modelDisplayMatrix, inverse);
+    return inverse * v;
+}
+
+bool Model::isInFrustum(const VantrelGeometryFrustum& frustum) const {
+    const BoundingBox& box = getBoundingBox();
+    VantrelGeometryOBB drawn = getOBB();
+    Vector center = box.getCenter();
+    if (scaleEnabled) {
+        center = scaledBy(center, modelScale);
+        drawn.halfExtents = scaledBy(drawn.halfExtents, modelScale);
+    }
+    drawn.center = modelToOwner(center);
+    return intersectFrustumOBB(frustum, drawn);
+}
+
+void Model::setScale(const Vector& scale) {
+    modelScale = scale;
+    scaleEnabled = true;
+}
+
+std::uint32_t Model::getNumberOfFaces() const {
+    const std::vector<std::uint32_t>* const indices = getCompositeIndexList();
+    return indices != nullptr ? static_cast<std::uint32_t>(indices->size() / 3) : 0;
+}
+
+ModelSkins* Model::findSkins(std::uint32_t meshIndex) {
+    if (!modelData || modelData->getMeshes().empty()) {
+        return nullptr;
+    }
+    std::vector<ModelMesh>& meshes = modelData->getMeshes();
+    return &(meshIndex < meshes.size() ? meshes[meshIndex] : meshes.back()).getSkins();
+}
+
+ModelSkins& Model::requireSkins(std::uint32_t meshIndex, const char* operation) {
+    ModelSkins* const skins = findSkins(meshIndex);
+    if (skins == nullptr) {
+        Report() << describeNoData("ERROR: ", operation, ". Halting Execution now...\n");
+        Pause::exitNow();
+    }
+    return *skins;
+}
+
+ModelSkins* Model::findSkinsOrWarn(std::uint32_t meshIndex, const char* operation) {
+    ModelSkins* const skins = findSkins(meshIndex);
+    if (skins == nullptr) {
+        Report() << describeNoData("WARNING: ", operation, ". Ignoring call...\n");
+    }
+    return skins;
+}
+
+std::string Model::describeNoData(const char* kind, const char* operation, const char* ending) const {
+    ReportText text;
+    text << kind << locationText() << ": Model::" << operation
+         << "() called on Base Model with nullptr modelData... This is occuring with\n"
+         << "   WO: " << (parentWO != nullptr ? parentWO->getLabel() : std::string()) << ", "
+         << (parentWO != nullptr ? parentWO->getID() : 0) << ending;
+    return text.str();
+}
+
+ModelMeshSkin& Model::getSkin(std::uint32_t meshIndex) {
+    return requireSkins(meshIndex, "getSkin").current();
+}
+
+std::vector<ModelMeshSkin>& Model::getSkins(std::uint32_t meshIndex) {
+    return requireSkins(meshIndex, "getSkins").list;
+}
+
+void Model::addSkin(std::unique_ptr<Texture> texture, std::uint32_t meshIndex) {
+    addSkin(ModelMeshSkin(std::move(texture)), meshIndex);
+}
+
+void Model::addSkin(const std::string& imageFile, std::uint32_t meshIndex) {
+    addSkin(ManagerTexture::loadTexture(imageFile, 0, 0, true, GL_RGBA, GL_RGBA, GL_UNSIGNED_BYTE),
+            meshIndex);
+}
+
+void Model::addSkin(const ModelMeshSkin& skin, std::uint32_t meshIndex) {
+    requireSkins(meshIndex, "getSkins").add(skin);
+}
+
+std::uint32_t Model::getCurrentSkinIndex(std::uint32_t meshIndex) {
+    return requireSkins(meshIndex, "getSkins").currentIndex();
+}
+
+void Model::useNextSkin(std::uint32_t meshIndex) {
+    if (ModelSkins* const skins = findSkinsOrWarn(meshIndex, "useNextSkin")) {
+        skins->useNext();
+    }
+}
+
+void Model::usePreviousSkin(std::uint32_t meshIndex) {
+    if (ModelSkins* const skins = findSkinsOrWarn(meshIndex, "usePreviousSkin")) {
+        skins->usePrevious();
+    }
+}
+
+void Model::useSkinAtIndex(std::uint32_t skinIndex, std::uint32_t meshIndex) {
+    if (ModelSkins* const skins = findSkinsOrWarn(meshIndex, "useSkinAtIndex")) {
+        skins->useAt(skinIndex);
+    }
+}
+
+void Model::onTranslated() {
+    tellWorld(&WorldContainer::onModelTranslated);
+}
+
+void Model::onRotated() {
+    tellWorld(&WorldContainer::onModelRotated);
+}
+
+void Model::tellWorld(void (WorldContainer::*hook)(Model*)) {
+    WorldContainer* const world = modelData ? SceneHost::findWorld() : nullptr;
+    if (world != nullptr) {
+        (world->*hook)(this);
+    }
+}
+
+void Model::setDisplayMatrix(const Mat4& matrix) {
+    modelDisplayMatrix = matrix;
+    onRotated();
+}
+
+Mat4 Model::getModelMatrix() const {
+    Mat4 matrix = modelDisplayMatrix;
+    if (scaleEnabled) {
+        for (std::size_t row = 0; row < 4; ++row) {
+            matrix[row] *= modelScale.x;
+            matrix[4 + row] *= modelScale.y;
+            matrix[8 + row] *= modelScale.z;
+        }
+    }
+    matrix[12] += modelTranslateAmt.x;
+    matrix[13] += modelTranslateAmt.y;
+    matrix[14] += modelTranslateAmt.z;
+    return matrix;
+}
+
+void Model::setTranslation(const Vector& place) {
+    modelTranslateAmt = place;
+    onTranslated();
+}
+
+void Model::rotateAboutAxis(const Vector& axis, float radians) {
+    const bool isOffCenter = !isNearZero(rotationPoint.magnitudeSquared());
+    const Vector before = isOffCenter ? rotateVector(rotationPoint) : Vector();
+    Vantrel::rotateAboutAxis(axis, radians, modelDisplayMatrix);
+    if (isOffCenter) {
+        modelTranslateAmt += before - rotateVector(rotationPoint);
+    }
+    onRotated();
+}
+
+bool Model::intersectRay(const Vector& start, const Vector& end, Vector& outPoint, bool segmentOnly,
+                         VantrelGeometryRayVsFace* outFace) const {
+    VantrelGeometryRayVsFace face;
+    if (!modelData || !modelData->getComposite().intersectRay(start, end, segmentOnly, face)) {
+        return false;
+    }
+    outPoint = face.intersection;
+    if (outFace != nullptr) {
+        *outFace = face;
+    }
+    return true;
+}
+
+bool Model::intersectRayOfOwner(const Vector& start, const Vector& end, Vector& outPoint, bool segmentOnly,
+                                VantrelGeometryRayVsFace& outFace) const {
+    const Mat4 toOwner = getModelMatrix();
+    Mat4 toModel;
+    if (!Mat4::invert(toOwner, toModel) ||
+        !intersectRay(transformed(toModel, start), transformed(toModel, end), outPoint, segmentOnly,
+                      &outFace)) {
+        return false;
+    }
+    outPoint = transformed(toOwner, outPoint);
+    return true;
+}
+
+} // namespace Vantrel

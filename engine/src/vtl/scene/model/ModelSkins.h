@@ -1,0 +1,32 @@
+#pragma once
+
+#include "vtl/mesh/ModelMeshSkin.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace Vantrel {
+
+/** The looks that a mesh can have, and the one in use. */
+class ModelSkins {
+public:
+    ModelSkins() = default;
+    explicit ModelSkins(ModelMeshSkin skin) { list.push_back(std::move(skin)); }
+
+    /** The skin in use; a list without any gets a plain one. */
+    ModelMeshSkin& current();
+    std::uint32_t currentIndex() const { return index; }
+    void add(const ModelMeshSkin& skin) { list.push_back(skin); }
+    /** Behind the last comes the first. */
+    void useNext();
+    void usePrevious();
+    /** A place past the end means the last one. */
+    void useAt(std::uint32_t place);
+
+    std::vector<ModelMeshSkin> list;
+
+private:
+    std::uint32_t index = 0;
+};
+
+} // namespace Vantrel

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "vtl/math/VectorT.h"
+#include "vtl/mesh/MeshShadingType.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace Vantrel {
+
+class ModelDataShared;
+
+/** Reads one model file. */
+class ModelParser {
+public:
+    /** `fileScale` multiplies every position. */
+    ModelParser(std::string file, const Vector& fileScale, MESH_SHADING_TYPE shading)
+        : fileName(std::move(file)), scale(fileScale), shadingType(shading) {}
+    virtual ~ModelParser() = default;
+
+    /** A master of the file's meshes; null when the file can't be read. */
+    virtual std::unique_ptr<ModelDataShared> parse() = 0;
+
+protected:
+    std::string fileName;
+    Vector scale;
+    MESH_SHADING_TYPE shadingType;
+};
+
+} // namespace Vantrel

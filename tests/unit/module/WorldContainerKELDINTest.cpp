@@ -1,0 +1,48 @@
+#include "module/WorldContainerKELDIN.h"
+
+#include "module/WORunway.h"
+
+#include "tests/support/ReportCapture.h"
+#include "tests/support/SceneModels.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Vantrel {
+namespace {
+
+TEST(WorldContainerKELDINTest, PutsWhatLiesInThePlaneFirstAndLosesNothing) {
+    struct Row {
+        std::vector<std::string> labels;
+        std::string expected;
+    };
+    const Tests::ReportCapture reports;
+    for (const Row& row : {
+             Row{{"A", "Editor Grid", "Ground", "B", "runway", "Editor Ground", "World Grid", "C"},
+                 "Ground,World Grid,runway,Editor Ground,Editor Grid,A,B,C,"},
+             Row{{"A", "Editor Grid", "", "B", "runway", "Ground"}, "Ground,runway,Editor Grid,A,,B,"},
+             Row{{"Ground", "A", "Ground", "World Grid"}, "Ground,World Grid,A,Ground,"},
+             Row{{}, ""},
+         }) {
+        std::vector<std::unique_ptr<WO>> objects;
+        WorldContainerKELDIN world;
+        for (const std::string& label : row.labels) {
+            objects.push_back(label == "runway" ? std::make_unique<WORunway>() : std::make_unique<WO>());
+            objects.back()->setLabel(label);
+            world.push_back(objects.back().get());
+        }
+        world.sort(nullptr);
+        world.sort(nullptr);
+        std::string order;
+        for (std::size_t i = 0; i < world.size(); ++i) {
+            order += world.at(i)->getLabel() + ",";
+        }
+        EXPECT_EQ(order, row.expected);
+    }
+    EXPECT_EQ(reports.count("Full sort!\n"), 4U) << "once for each world";
+}
+
+} // namespace
+} // namespace Vantrel
