@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vtl/gl/IndexArray.h"
 #include "vtl/math/VectorT.h"
 #include "vtl/mesh/ModelMeshRenderData.h"
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vtl/geometry/IndexedGeometry.h"
 #include "vtl/gl/shader/ManagerShader.h"
 #include "vtl/math/Mat4.h"
 
@@ -37,6 +38,20 @@ protected:
             glMatrixMode(GL_MODELVIEW);
             glLoadIdentity();
         }
+    }
+
+    /** Draws it alone, in the colours of its vertices. */
+    static void draw(const IndexedGeometry& geometry, const Mat4& mvp = {}) {
+        clearPicture();
+        loadMatrix(mvp);
+        if (ManagerOpenGLState::isVersion32OrGreater()) {
+            ManagerShader::getDefaultIndexedGeometryLinesShader()->bind(mvp);
+        } else {
+            glDisable(GL_LIGHTING);
+        }
+        geometry.render();
+        ManagerShader::useProgram(0);
+        expectNothingBound();
     }
 
     static void expectNothingBound() {

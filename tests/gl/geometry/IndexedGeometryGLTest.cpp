@@ -38,18 +38,6 @@ protected:
 
 class IndexedGeometryGLTest : public Tests::GeometryGLFixture {
 protected:
-    void draw(const IndexedGeometry& geometry, const Mat4& mvp = {}) const {
-        clearPicture();
-        loadMatrix(mvp);
-        if (GetParam().isShaderPath()) {
-            ManagerShader::getDefaultIndexedGeometryLinesShader()->bind(mvp);
-        } else {
-            glDisable(GL_LIGHTING);
-        }
-        geometry.render();
-        ManagerShader::useProgram(0);
-        expectNothingBound();
-    }
     static Pixel pixelAt(int x, int y) { return picture().at(x, y); }
 
     template <class Index>

@@ -117,8 +117,8 @@ TEST_F(ModelMeshRenderDataGeneratorTest, WidthOfIndicesFollowsTheirNumberAndFits
         EXPECT_EQ(data.indexType, row.type) << row.count << " " << row.index;
         EXPECT_EQ(indexNumbers(data), std::vector<std::uint32_t>(row.count, row.index));
     }
-    EXPECT_EQ(ModelMeshIndexArray::typeFor(0xFFFFFFFE), GLenum{GL_UNSIGNED_INT});
-    EXPECT_EQ(ModelMeshIndexArray::typeFor(0xFFFFFFFF), GLenum{GL_OUT_OF_MEMORY});
+    EXPECT_EQ(IndexArray::typeFor(0xFFFFFFFE), GLenum{GL_UNSIGNED_INT});
+    EXPECT_EQ(IndexArray::typeFor(0xFFFFFFFF), GLenum{GL_OUT_OF_MEMORY});
 }
 
 TEST_F(ModelMeshRenderDataGeneratorTest, PlainBuildWritesEveryListAtItsPlace) {

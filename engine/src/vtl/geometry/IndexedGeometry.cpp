@@ -56,6 +56,9 @@ void IndexedGeometry::render() const {
 }
 
 void IndexedGeometry::renderVertexArrayObject() const {
+    if (numIndices == 0) {
+        return;
+    }
     if (!useColors) {
         setCurrentVertexColor(vtlColor4f(1.0F, 1.0F, 1.0F, 1.0F));
     }
@@ -85,6 +88,9 @@ void IndexedGeometry::renderClientArrays() const {
 }
 
 void IndexedGeometry::drawVertexArray() const {
+    if (numIndices == 0) {
+        return;
+    }
     glEnableClientState(GL_VERTEX_ARRAY);
     glVertexPointer(3, GL_FLOAT, 0, vertices.data());
     glDrawElements(primitive, static_cast<GLsizei>(numIndices), indexType, indices.data());
@@ -112,6 +118,7 @@ void IndexedGeometry::updateVerticesOnCard() const {
 
 void IndexedGeometry::build() {
     buildVertices();
+    numVertices = static_cast<std::uint32_t>(vertices.size() / 3);
     buildIndices();
     if (useColors) {
         buildColors();
@@ -155,6 +162,13 @@ void IndexedGeometry::bindAttributesToDefaultShader() {
     pointAttributes(GL_FALSE);
     glBindVertexArray(0);
     glBindBuffer(GL_ARRAY_BUFFER, 0);
+}
+
+void IndexedGeometry::setIndices(const IndexArray& array) {
+    const std::byte* const data = array.data.get();
+    indices.assign(data, data + std::size_t{array.count} * sizeOfIndexType(array.type));
+    numIndices = array.count;
+    indexType = array.type;
 }
 
 void IndexedGeometry::fillBuffers() {

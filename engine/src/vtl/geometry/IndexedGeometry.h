@@ -1,11 +1,15 @@
 #pragma once
 
 #include "vtl/gl/GLHandle.h"
+#include "vtl/gl/IndexArray.h"
+#include "vtl/math/VectorT.h"
 
 #include <GL/glew.h>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace Vantrel {
@@ -13,7 +17,8 @@ namespace Vantrel {
 /**
  * A shape that is computed from a few numbers. It keeps one array per kind of vertex data, so that colours
  * and corners can be rewritten by themselves. `build` makes the arrays and, from GL 3.2 on, the buffers;
- * afterwards only colours and vertices change, never their number. Main thread, with the context current.
+ * afterwards only colours and vertices change, never their number. A shape without indices draws nothing.
+ * Main thread, with the context current.
  */
 class IndexedGeometry {
 public:
@@ -35,24 +40,46 @@ public:
     /** Sends the changed colours, where they are on the card. */
     virtual void updateColorsOnCard() const;
     virtual void updateVerticesOnCard() const;
-    /** Fills the arrays and makes the buffers. */
+    /** Fills the arrays, counts the vertices and makes the buffers. */
     virtual void build();
     /** Does nothing below 3.2, where the arrays themselves are drawn. */
     virtual void createBuffers();
     /** Takes the attribute locations from the default shader instead of the fixed ones. */
     virtual void bindAttributesToDefaultShader();
 
+    /** The corners as they are now, three floats each. */
+    std::span<const float> getVertices() const { return vertices; }
+
 protected:
+    /** A shape whose constructor takes `arguments`, built. */
+    template <class Shape, class... Arguments>
+    static std::unique_ptr<Shape> newBuilt(Arguments&&... arguments) {
+        auto shape = std::make_unique<Shape>(std::forward<Arguments>(arguments)...);
+        shape->build();
+        return shape;
+    }
+
+    /** Whether a grid of so many vertices is one that a shape makes; a finer one would only take memory. */
+    static constexpr bool isGridAffordable(std::uint64_t rows, std::uint64_t columns) {
+        constexpr std::uint64_t mostVertices = 1U << 22U;
+        return rows <= mostVertices && columns <= mostVertices && rows * columns <= mostVertices;
+    }
+
     virtual void buildVertices() = 0;
     virtual void buildIndices() = 0;
     virtual void buildTextureCoords() {}
     virtual void buildNormals() {}
     virtual void buildColors() {}
 
+    static void append(std::vector<float>& values, const Vector& vector) {
+        values.insert(values.end(), {vector.x, vector.y, vector.z});
+    }
+
     /** Takes over the indices together with their number and type. */
     void setIndices(std::span<const std::uint8_t> values) { storeIndices(values, GL_UNSIGNED_BYTE); }
     void setIndices(std::span<const std::uint16_t> values) { storeIndices(values, GL_UNSIGNED_SHORT); }
     void setIndices(std::span<const std::uint32_t> values) { storeIndices(values, GL_UNSIGNED_INT); }
+    void setIndices(const IndexArray& array);
 
     /** Red, green, blue and alpha of each vertex. */
     std::vector<std::uint8_t> colors;

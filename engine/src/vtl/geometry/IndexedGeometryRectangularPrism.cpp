@@ -30,9 +30,7 @@ constexpr std::array<float, 8> textureCoordsOfFace{0, 0, 1, 0, 0, 1, 1, 1};
 
 std::unique_ptr<IndexedGeometryRectangularPrism>
 IndexedGeometryRectangularPrism::New(const Vector& lengths, bool useNormals, bool useTextureCoords) {
-    auto prism = std::make_unique<IndexedGeometryRectangularPrism>(lengths, useNormals, useTextureCoords);
-    prism->build();
-    return prism;
+    return newBuilt<IndexedGeometryRectangularPrism>(lengths, useNormals, useTextureCoords);
 }
 
 void IndexedGeometryRectangularPrism::buildVertices() {
@@ -43,7 +41,6 @@ void IndexedGeometryRectangularPrism::buildVertices() {
                                              corner[2] * halfLengths.z});
         }
     }
-    numVertices = static_cast<std::uint32_t>(vertices.size() / 3);
 }
 
 void IndexedGeometryRectangularPrism::buildIndices() {

@@ -2,6 +2,7 @@
 
 #include "vtl/base/Report.h"
 #include "vtl/gl/GLError.h"
+#include "vtl/gl/IndexArray.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/shader/VertexAttributeLocation.h"
 #include "vtl/math/VectorT.h"
@@ -13,29 +14,6 @@
 
 namespace Vantrel {
 namespace {
-
-template <class Number>
-std::unique_ptr<std::byte[]> narrowed(std::span<const std::uint32_t> numbers) {
-    auto bytes = std::make_unique_for_overwrite<std::byte[]>(numbers.size() * sizeof(Number));
-    for (std::size_t i = 0; i < numbers.size(); ++i) {
-        const auto number = static_cast<Number>(numbers[i]);
-        std::memcpy(bytes.get() + i * sizeof(Number), &number, sizeof(Number));
-    }
-    return bytes;
-}
-
-/** The type for as many numbers, or a wider one that holds them all: a short list may name a late vertex. */
-GLenum typeOf(std::span<const std::uint32_t> numbers) {
-    const GLenum type = ModelMeshIndexArray::typeFor(numbers.size());
-    if (numbers.empty() || (type != GL_UNSIGNED_BYTE && type != GL_UNSIGNED_SHORT)) {
-        return type;
-    }
-    const std::uint32_t largest = *std::max_element(numbers.begin(), numbers.end());
-    if (largest > 0xFFFF) {
-        return GL_UNSIGNED_INT;
-    }
-    return largest > 0xFF ? GL_UNSIGNED_SHORT : type;
-}
 
 /** A place in the bound buffer, in the form in which GL takes it. */
 const void* bufferOffset(std::uint32_t offset) {
@@ -58,42 +36,6 @@ std::vector<float> normalLineVerticesOf(std::span<const std::byte> block, const 
 }
 
 } // namespace
-
-GLenum ModelMeshIndexArray::typeFor(std::uint64_t count) {
-    if (count < 0xFF) {
-        return GL_UNSIGNED_BYTE;
-    }
-    if (count < 0xFFFF) {
-        return GL_UNSIGNED_SHORT;
-    }
-    return count < 0xFFFFFFFF ? GL_UNSIGNED_INT : GL_OUT_OF_MEMORY;
-}
-
-ModelMeshIndexArray ModelMeshIndexArray::pack(std::span<const std::uint32_t> numbers) {
-    ModelMeshIndexArray array{.type = typeOf(numbers), .count = 0, .data = nullptr};
-    if (array.type == GL_OUT_OF_MEMORY) {
-        Report() << "Too many indices in mesh to fit in GL_UNSIGNED_INT, this behavior is unsupported.\n";
-        return array;
-    }
-    array.count = static_cast<std::uint32_t>(numbers.size());
-    array.data = array.type == GL_UNSIGNED_BYTE    ? narrowed<std::uint8_t>(numbers)
-                 : array.type == GL_UNSIGNED_SHORT ? narrowed<std::uint16_t>(numbers)
-                                                   : narrowed<std::uint32_t>(numbers);
-    return array;
-}
-
-std::uint32_t sizeOfIndexType(GLenum type) {
-    switch (type) {
-    case GL_UNSIGNED_BYTE:
-        return 1;
-    case GL_UNSIGNED_SHORT:
-        return 2;
-    case GL_UNSIGNED_INT:
-        return 4;
-    default:
-        return 0;
-    }
-}
 
 std::span<const std::byte> ModelMeshRenderData::getClientBlock() const {
     if (vertexData == nullptr) {

@@ -2,6 +2,7 @@
 
 #include "vtl/base/Pause.h"
 #include "vtl/base/Report.h"
+#include "vtl/gl/IndexArray.h"
 
 #include <algorithm>
 #include <array>
@@ -548,7 +549,7 @@ void ModelMeshRenderDataGenerator::finishRecord(ModelMeshRenderData& record,
     writeColors(block);
     writeTextureCoords(block, copies);
     writeAttributes(block, copies);
-    ModelMeshIndexArray array = ModelMeshIndexArray::pack(numbers);
+    IndexArray array = IndexArray::pack(numbers);
     record.indices = std::move(array.data);
     record.numIndices = array.count;
     record.indexType = array.type;
