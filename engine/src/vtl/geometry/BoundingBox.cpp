@@ -18,6 +18,10 @@ namespace {
 
 constexpr float largest = std::numeric_limits<float>::max();
 
+bool hasNoCoordinate(float least, float greatest) {
+    return least == largest && greatest == -largest;
+}
+
 void widen(float coordinate, float& least, float& greatest) {
     if (coordinate < least) {
         least = coordinate;
@@ -83,6 +87,18 @@ void BoundingBox::addPoints(const float* xyz, std::uint32_t count) {
     }
 }
 
+void BoundingBox::addBox(const BoundingBox& other) {
+    if (!other.isEmpty()) {
+        addPoint(other.minCorner);
+        addPoint(other.maxCorner);
+    }
+}
+
+bool BoundingBox::isEmpty() const {
+    return hasNoCoordinate(minCorner.x, maxCorner.x) || hasNoCoordinate(minCorner.y, maxCorner.y) ||
+           hasNoCoordinate(minCorner.z, maxCorner.z);
+}
+
 void BoundingBox::setLxLyLz(const Vector& lengths, const Vector& center) {
     const Vector half = lengths / 2.0F;
     minCorner = center - half;
@@ -123,7 +139,7 @@ void BoundingBox::renderSolid(const ShaderCamera& /*camera*/, std::uint8_t r, st
 
 bool BoundingBox::prepareDrawing() {
     const Vector lengths = getLxLyLz();
-    if (!std::isfinite(lengths.x) || !std::isfinite(lengths.y) || !std::isfinite(lengths.z)) {
+    if (isEmpty() || !std::isfinite(lengths.x) || !std::isfinite(lengths.y) || !std::isfinite(lengths.z)) {
         return false;
     }
     if (dirty) {

@@ -16,9 +16,10 @@ class Mat4;
 class ShaderCamera;
 
 /**
- * The axis-aligned box of a model or mesh in its own space. A box without points is empty. It draws itself
- * for inspection and selection; what that takes is made at the first draw and again after a change, so that a
- * box needs no context before. Main thread.
+ * The axis-aligned box of a model or mesh in its own space. A box without points is empty; whoever asks for
+ * its size or its place gets a point at the origin. It draws itself for inspection and selection; what that
+ * takes is made at the first draw and again after a change, so that a box needs no context before. Main
+ * thread.
  */
 class BoundingBox {
 public:
@@ -35,22 +36,31 @@ public:
     void addPoint(const Vector& point);
     /** The same for `count` triples of floats in a row. */
     void addPoints(const float* xyz, std::uint32_t count);
+    /** Widens the box so that `other` is in it; an empty one widens nothing. */
+    void addBox(const BoundingBox& other);
 
-    /** The least coordinates; of an empty box the largest float. */
+    /** Whether an axis has no coordinate: there is no point, or none with a number there. */
+    bool isEmpty() const;
+    /** The least coordinates; the largest float on an axis that has none. */
     Vector getMin() const { return minCorner; }
-    /** The greatest coordinates; of an empty box the lowest float. */
+    /** The greatest coordinates; the lowest float on an axis that has none. */
     Vector getMax() const { return maxCorner; }
-    /** The lengths of the sides; hugely negative for an empty box. */
-    Vector getLxLyLz() const { return maxCorner - minCorner; }
+    /** The lengths of the sides; zero for an empty box. */
+    Vector getLxLyLz() const { return isEmpty() ? Vector() : maxCorner - minCorner; }
+    /** The origin for an empty box. */
+    Vector getCenter() const { return isEmpty() ? Vector() : (minCorner + maxCorner) / 2.0F; }
     void setLxLyLz(const Vector& lengths, const Vector& center);
-    /** Writes the corners in the order +++, ++-, +-+, +--, -++, -+-, --+, --- of their X, Y and Z. */
+    /**
+     * Writes the corners in the order +++, ++-, +-+, +--, -++, -+-, --+, --- of their X, Y and Z; those of an
+     * empty box are all at the origin.
+     */
     void getCorners(std::span<Vector, 8> out) const;
     /** Has the drawing data made again before the next draw: the geometry behind the box has moved. */
     void setDirty() { dirty = true; }
 
     /**
      * Draws the twelve edges: along X in red, along Y in green, along Z in blue. Below GL 3.2 the current
-     * matrices count, and `mvp` doesn't. A box without finite lengths, as an empty one, draws nothing.
+     * matrices count, and `mvp` doesn't. An empty box draws nothing, nor does one without finite lengths.
      */
     virtual void renderLines(const Mat4& mvp);
     /** The same, seen by `camera`. */
@@ -72,7 +82,6 @@ private:
     static constexpr std::uint8_t vertexCount = 24;
     static constexpr std::uint8_t indexCount = 24;
 
-    Vector getCenter() const { return (minCorner + maxCorner) / 2.0F; }
     /** Makes the drawing data anew where something has changed; false for a box that can't be drawn. */
     bool prepareDrawing();
     void rebuild();
