@@ -1,5 +1,12 @@
 #include "vtl/geometry/IndexedGeometryAxes.h"
 
+#include "vtl/gl/LineWidth.h"
+#include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/gl/ScopedModelMatrix.h"
+#include "vtl/gl/ScopedPlainColors.h"
+#include "vtl/gl/shader/ManagerShader.h"
+#include "vtl/gl/shader/ShaderCamera.h"
+
 #include <array>
 
 namespace Vantrel {
@@ -32,6 +39,33 @@ void IndexedGeometryAxes::buildColors() {
     constexpr std::array<std::uint8_t, 12> redGreenBlue{255, 0, 0, 255, 0, 255, 0, 255, 0, 0, 255, 255};
     colors.assign(redGreenBlue.begin(), redGreenBlue.end());
     colors.insert(colors.end(), redGreenBlue.begin(), redGreenBlue.end());
+}
+
+void IndexedGeometryAxes::renderAt(const ShaderCamera& camera, const Mat4& modelMatrix,
+                                   float lineWidth) const {
+    setLineWidth(lineWidth);
+    if (ManagerOpenGLState::isVersion32OrGreater()) {
+        renderWithShader(camera.getViewProjectionMatrix() * modelMatrix);
+    } else {
+        renderFixedFunction(modelMatrix);
+    }
+    setLineWidth(1.0F);
+}
+
+void IndexedGeometryAxes::renderFixedFunction(const Mat4& modelMatrix) const {
+    const ScopedModelMatrix matrix(modelMatrix);
+    const ScopedPlainColors plainColors;
+    render();
+}
+
+void IndexedGeometryAxes::renderWithShader(const Mat4& mvp) const {
+    auto* const shader = ManagerShader::getDefaultIndexedGeometryLinesShader();
+    if (shader == nullptr) {
+        return;
+    }
+    shader->bind(mvp);
+    render();
+    shader->unbind();
 }
 
 } // namespace Vantrel
