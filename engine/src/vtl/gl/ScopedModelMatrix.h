@@ -11,15 +11,28 @@ namespace Vantrel {
 /** Multiplies the modelview matrix of the fixed functions, where there are any, while it lives. */
 class ScopedModelMatrix {
 public:
-    explicit ScopedModelMatrix(const Mat4& matrix) {
+    /** With `isScaled` normals are made one long again: a matrix that scales would scale the light too. */
+    explicit ScopedModelMatrix(const Mat4& matrix, bool isScaled = false) {
         if (ManagerOpenGLState::isCompatibilityProfile()) {
             saved.emplace(GLenum{GL_MODELVIEW});
             glMultMatrixf(matrix.m.data());
+            isNormalizing = isScaled;
+            if (isNormalizing) {
+                glEnable(GL_NORMALIZE);
+            }
+        }
+    }
+    ScopedModelMatrix(const ScopedModelMatrix&) = delete;
+    ScopedModelMatrix& operator=(const ScopedModelMatrix&) = delete;
+    ~ScopedModelMatrix() {
+        if (isNormalizing) {
+            glDisable(GL_NORMALIZE);
         }
     }
 
 private:
     std::optional<ScopedMatrix> saved;
+    bool isNormalizing = false;
 };
 
 } // namespace Vantrel
