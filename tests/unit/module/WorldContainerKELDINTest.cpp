@@ -1,6 +1,8 @@
 #include "module/WorldContainerKELDIN.h"
 
 #include "module/WORunway.h"
+#include "vtl/scene/SceneHost.h"
+#include "vtl/scene/camera/CameraStandardEZNav.h"
 
 #include "tests/support/ReportCapture.h"
 #include "tests/support/SceneModels.h"
@@ -42,6 +44,31 @@ TEST(WorldContainerKELDINTest, PutsWhatLiesInThePlaneFirstAndLosesNothing) {
         EXPECT_EQ(order, row.expected);
     }
     EXPECT_EQ(reports.count("Full sort!\n"), 4U) << "once for each world";
+}
+
+TEST(WorldContainerKELDINTest, TellsOfWhatIsOutsideOfTheView) {
+    Tests::ReportCapture reports;
+    const Tests::CubeFiles files;
+    class Host final : public SceneHost {
+    public:
+        Host() { SceneHost::set(this); }
+        ~Host() { SceneHost::set(nullptr); }
+        Camera* getCamera() override { return &camera; }
+        WorldContainer* getWorldContainer() override { return nullptr; }
+        CameraStandardEZNav camera{nullptr, nullptr};
+    };
+    Host host;
+    host.camera.setCameraAspectRatio(1);
+    host.camera.updateCameraMatrices();
+    WorldContainerKELDIN world;
+    const auto behind = WO::New("cube.obj");
+    behind->setPosition(-50, 0, 0);
+    behind->setLabel("Mast");
+    world.push_back(behind.get());
+    reports.clear();
+    world.render(&host.camera);
+    EXPECT_EQ(reports.text(), "Culling Mast\n");
+    EXPECT_EQ(ManagerSDLTime::timesOf(*behind).renderCount, 1);
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "vtl/scene/object/WO.h"
 
 #include "vtl/base/ManagerSDLTime.h"
+#include "vtl/base/TickSource.h"
+#include "vtl/geometry/VantrelGeometryFrustum.h"
 #include "vtl/scene/model/MGLNullModel.h"
 #include "vtl/scene/object/WOGJoint.h"
 
@@ -9,6 +11,7 @@
 #include "tests/support/SceneModels.h"
 #include "tests/unit/math/MathTesting.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <numbers>
@@ -31,13 +34,29 @@ public:
     inline static int alive = 0;
 };
 
-std::array<int, 3> selectionColorOf(const WO& object) {
-    std::uint8_t r = 0;
-    std::uint8_t g = 0;
-    std::uint8_t b = 0;
-    object.getSelectionColor(r, g, b);
-    return {r, g, b};
+using Color = std::array<std::uint8_t, 3>;
+
+Color selectionColorOf(std::uint32_t id) {
+    Color color{};
+    WO::selectionColorOf(id, color[0], color[1], color[2]);
+    return color;
 }
+
+/** Runs `act` in its first update. */
+class Actor final : public WO {
+public:
+    explicit Actor(std::function<void()> toDo) : act(std::move(toDo)) { onCreate(); }
+    void onUpdate() override {
+        ++updates;
+        if (const auto once = std::exchange(act, nullptr)) {
+            once();
+        }
+    }
+    int updates = 0;
+
+private:
+    std::function<void()> act;
+};
 
 class WOTest : public ::testing::Test {
 protected:
@@ -50,8 +69,8 @@ TEST_F(WOTest, TakesAscendingIdsAndShowsThemAsColors) {
     const WO second;
     EXPECT_GT(first.getID(), 0U);
     EXPECT_EQ(second.getID(), first.getID() + 1);
-    const auto [r, g, b] = selectionColorOf(second);
-    EXPECT_EQ((r << 16) + (g << 8) + b, static_cast<int>(second.getID()));
+    EXPECT_EQ(selectionColorOf(0x123456), (Color{0x12, 0x34, 0x56}));
+    EXPECT_EQ(selectionColorOf(0x1000001), (Color{0, 0, 1})) << "ids above 24 bits";
 }
 
 TEST_F(WOTest, CarriesItsChildrenWhenItMovesButNotWhenItTurns) {
@@ -108,6 +127,7 @@ TEST_F(WOTest, KeepsThePlaceOfAChildThatIsLockedToATurnedParent) {
     anchored.lockWRTparent(std::make_unique<WOGJoint>(&anchored, Vector(2, 0, 0), unitX, unitZ));
     parent->onUpdate();
     EXPECT_EQ(plain.getPosition(), Vector(4, 5, 6));
+    EXPECT_EQ(plain.getLookDirection(), parent->getLookDirection()) << "it turns as the parent does";
     EXPECT_EQ(anchored.getPosition(), Vector(-3, 2, 0));
     EXPECT_EQ(anchored.getJoint()->getAnchorWorld(), Vector(3, 1, 1));
     EXPECT_EQ(anchored.getJoint()->getLookDirection(), parent->getLookDirection());
@@ -120,10 +140,17 @@ TEST_F(WOTest, KeepsThePlaceOfAChildThatIsLockedToATurnedParent) {
 
 TEST_F(WOTest, WarnsOfJointAxesThatAreNotAtRightAngles) {
     const auto parent = objectAt(Vector());
-    WO& child = parent->addChild(objectAt(Vector()));
+    WO& child = parent->addChild(objectAt(Vector(1, 0, 0)));
     reports.clear();
-    const WOGJoint joint(&child, Vector(), unitX, Vector(0.002F, 0, 1));
+    const WOGJoint sound(&child, Vector(), unitX, Vector(0.0009F, 0, 1));
+    EXPECT_EQ(Tests::KeyPresses::count(), 0);
+    WOGJoint joint(&child, Vector(), unitX, Vector(0.002F, 0, 1));
     EXPECT_EQ(Tests::KeyPresses::count(), 1);
+    joint.rotateAboutZ(quarterTurn);
+    joint.rotateAboutY(quarterTurn); // about the joint's own Y, which is now the world's -X
+    joint.updateChildPose();
+    EXPECT_EQ(child.getPosition(), Vector(0, 0, -1));
+    EXPECT_EQ(child.getNormalDirection(), unitY);
     EXPECT_EQ(
         reports.text(),
         "WARNING!!! User created a WOGJoint such that the normal vector \n   and lookDir vector"
@@ -224,10 +251,74 @@ TEST_F(WOTest, DescribesItsTree) {
 }
 
 TEST_F(WOTest, CountsTheSimulationTimeThatItHasSeen) {
+    static std::uint32_t now = 100;
+    setTickSource([] { return now; });
+    ManagerSDLTime::init();
     const auto parent = objectAt(Vector());
     const WO& child = parent->addChild(objectAt(Vector()));
-    parent->updateGL();
-    EXPECT_EQ(child.getTimeAliveMs(), ManagerSDLTime::getSimDeltaMs());
+    for (const std::uint32_t step : {7U, 16U}) {
+        now += step;
+        ManagerSDLTime::stepSimClock();
+        parent->updateGL();
+    }
+    setTickSource(nullptr);
+    EXPECT_EQ(parent->getTimeAliveMs(), 23U);
+    EXPECT_EQ(child.getTimeAliveMs(), 23U);
+}
+
+TEST_F(WOTest, LetsChildrenDieAndLeaveWhileTheyAreUpdated) {
+    auto parent = objectAt(Vector());
+    WO& first = parent->addChild(objectAt(Vector()));
+    auto& second = parent->addChild(std::make_unique<Actor>([&] { delete &first; }));
+    auto& third = parent->addChild(std::make_unique<Actor>([] {}));
+    parent->onUpdate();
+    EXPECT_EQ(second.updates, 1);
+    EXPECT_EQ(third.updates, 1) << "nobody is left out when one before it goes";
+    parent->addChild(std::make_unique<Actor>([&] { parent.reset(); }));
+    parent->addChild(std::make_unique<Actor>([] { FAIL() << "it is gone with its parent"; }));
+    parent->onUpdate();
+    EXPECT_EQ(parent, nullptr);
+}
+
+TEST_F(WOTest, IsInOneTreeAndNeverBelowItself) {
+    const auto root = objectAt(Vector());
+    WO& child = root->addChild(objectAt(Vector(), "child"));
+    WO& leaf = child.addChild(objectAt(Vector()));
+    reports.clear();
+    leaf.getChildList().push_back(&child);
+    leaf.getChildList().push_back(&leaf);
+    EXPECT_EQ(reports.count("not inserting"), 2U);
+    EXPECT_TRUE(leaf.getChildList().empty());
+    root->getChildList().push_back(&leaf);
+    EXPECT_TRUE(child.getChildList().empty());
+    EXPECT_EQ(WO::countRecursive(root.get()), 2U);
+    root->getChildList().push_back(&child);
+    EXPECT_EQ(root->getChildList().at(1), &child) << "a child that is pushed again is the last one";
+}
+
+TEST_F(WOTest, IsSeenWhenItOrAChildIsInTheView) {
+    const Tests::CubeFiles files;
+    const VantrelGeometryFrustum ahead(1, 90, 1, 100, unitX, unitZ, Vector());
+    const auto parent = WO::New("cube.obj");
+    parent->setPosition(-50, 0, 0);
+    EXPECT_FALSE(parent->isInFrustum(ahead));
+    WO& child = parent->addChild(WO::New("cube.obj"));
+    child.setPosition(50, 0, 0);
+    EXPECT_TRUE(parent->isInFrustum(ahead));
+    child.setVisible(false);
+    EXPECT_FALSE(parent->isInFrustum(ahead));
+    child.cullable = false;
+    EXPECT_TRUE(parent->isInFrustum(ahead));
+}
+
+TEST_F(WOTest, ReportsTheLowByteOfAKey) {
+    const auto object = objectAt(Vector(), "mast");
+    SDL_KeyboardEvent event{};
+    event.keysym.sym = SDLK_SCANCODE_MASK | 'k';
+    object->onKeyDown(event);
+    object->onKeyUp(event);
+    const std::string rest = " 'k' woID " + std::to_string(object->getID()) + " - 'mast'\n";
+    EXPECT_EQ(reports.text(), "WO::onKeyDown()" + rest + "WO::onKeyUp()" + rest);
 }
 
 TEST_F(WOTest, LeavesTheTimeReportWhenItDies) {

@@ -39,9 +39,14 @@ protected:
         return order();
     }
 
+    class List final : public WorldList {
+    public:
+        bool isSortDue() const { return needsFullSort; }
+    };
+
     Tests::ReportCapture reports;
     CameraStandardEZNav camera{nullptr, nullptr};
-    WorldList list;
+    List list;
     std::vector<std::unique_ptr<WO>> objects;
 };
 
@@ -62,6 +67,8 @@ TEST_F(WorldListTest, DrawsByOrderTypeAndFromFarToNear) {
     EXPECT_EQ(sorted(), "0z12cdabxy");
     objects[2]->renderOrderType = 1;
     EXPECT_EQ(sorted(), "0z12bcdaxy") << "an object that has changed its type";
+    objects[0]->renderOrderType = 3;
+    EXPECT_EQ(sorted(), "0z12bcxday");
 }
 
 TEST_F(WorldListTest, SortsWhatHasNoUsableDistance) {
@@ -111,6 +118,27 @@ TEST_F(WorldListTest, LosesWhatDiesAndWhatIsErased) {
     objects.clear();
 }
 
+TEST_F(WorldListTest, LetsObjectsDieWhileItGoesThroughThem) {
+    for (const char* const label : {"a", "b", "c", "d"}) {
+        add(label, 3, 0);
+    }
+    std::string visited;
+    list.forEachTimed(Stopwatch::object, &ObjectTimes::onUpdateMs, [&](WO& object) {
+        visited += object.getLabel();
+        if (object.getLabel() == "b") {
+            objects.erase(objects.begin());
+        } else if (object.getLabel() == "c") {
+            objects.erase(objects.begin() + 1);
+        }
+    });
+    EXPECT_EQ(visited, "abcd");
+    for (std::unique_ptr<WO>& object : objects) {
+        (void)object.release(); // NOLINT: the list destroys them
+    }
+    list.destroyAll();
+    EXPECT_EQ(list.size(), 0U);
+}
+
 TEST_F(WorldListTest, FindsTopLevelObjectsAlone) {
     WO& parent = add("p", 3, 0);
     const WO& child = parent.addChild(Tests::objectAt(Vector(), "k"));
@@ -129,10 +157,12 @@ TEST_F(WorldListTest, FindsTopLevelObjectsAlone) {
 TEST_F(WorldListTest, RefusesWidgetsWithoutARootForThem) {
     class Widget final : public WO, public IFaceGUIWidget {};
     Widget widget;
-    sorted();
-    reports.clear();
-    list.push_back(&widget);
-    list.push_back(nullptr);
+    for (WO* const refused : {static_cast<WO*>(nullptr), static_cast<WO*>(&widget)}) {
+        sorted();
+        reports.clear();
+        list.push_back(refused);
+        EXPECT_TRUE(list.isSortDue());
+    }
     EXPECT_EQ(list.size(), 0U);
     EXPECT_EQ(reports.text().find(
                   "ERROR: No rootGUI was created, not inserting WOGUI object...WorldContainer.cpp:"),

@@ -19,6 +19,7 @@ const NetMsgRegistration<NetMsgCreateWOReply> replyRegistration;
 void NetMsgCreateWO::onMessageArrived() {
     Report() << "Message has arrived... " << toString() << "\n";
     auto marker = std::make_unique<WO>();
+    marker->onCreate();
     Report() << "Payload\n" << x << "," << y << "," << z << ".\n";
     marker->setPosition(Vector(x, y, z));
     marker->setLabel("Created by IPC Net Msg");

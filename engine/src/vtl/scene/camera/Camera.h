@@ -17,6 +17,9 @@ public:
 
     Camera(GLView* view, HandlerMouseState* mouse);
 
+    /** A camera has no age. */
+    void updateGL() override {}
+
     virtual void setCameraLookDirection(const Vector& direction);
     /** Leaves the object that the camera is attached to. */
     virtual void detachCameraFromWO() {}

@@ -27,6 +27,14 @@ bool checkIndex(const std::vector<WO*>& objects, std::size_t index, const char* 
     return false;
 }
 
+Step stepOn(const std::vector<WO*>& objects, std::size_t place, const WO* object) {
+    if (place < objects.size() && objects[place] == object) {
+        return {place + 1, true};
+    }
+    const auto moved = find(objects, object);
+    return moved ? Step{*moved + 1, true} : Step{place, false};
+}
+
 void dropLast(std::vector<WO*>& objects, const WO& object) {
     const auto entry = std::find(objects.rbegin(), objects.rend(), &object);
     if (entry != objects.rend()) {

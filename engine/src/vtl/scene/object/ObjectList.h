@@ -17,6 +17,15 @@ std::optional<std::size_t> find(const std::vector<WO*>& objects, const WO* objec
 /** Whether `index` is the place of an entry; reports one that isn't in the name of `className`. */
 bool checkIndex(const std::vector<WO*>& objects, std::size_t index, const char* className);
 
+/** Where a walk goes on. */
+struct Step {
+    std::size_t next;
+    bool isObjectThere;
+};
+
+/** The place behind `object`, which was at `place` when the walk came to it; the list may have changed. */
+Step stepOn(const std::vector<WO*>& objects, std::size_t place, const WO* object);
+
 /** Removes the last entry equal to `object`, where there is one; teardown goes from the end. */
 void dropLast(std::vector<WO*>& objects, const WO& object);
 

@@ -30,20 +30,11 @@ std::string classNameOf(const WO& object) {
     const std::unique_ptr<char, void (*)(void*)> name(
         abi::__cxa_demangle(typeid(object).name(), nullptr, nullptr, &status), std::free);
     const std::string full = status == 0 ? name.get() : typeid(object).name();
-    const std::size_t colons = full.rfind("::");
+    const std::size_t colons = full.rfind("::", full.find('<'));
     return colons == std::string::npos ? full : full.substr(colons + 2);
 }
 
 } // namespace
-
-template <class Act>
-void WO::forEachChild(Act&& act) const {
-    for (std::size_t i = 0; i < childList.size(); ++i) {
-        if (WO* const child = childList.at(i)) {
-            act(*child);
-        }
-    }
-}
 
 std::unique_ptr<WO> WO::New(const std::string& fileName, const Vector& scale, MESH_SHADING_TYPE shadingType) {
     auto object = std::make_unique<WO>();
@@ -104,7 +95,7 @@ std::string WO::toString(int indent) const {
 
 std::string WO::toStringRecursive(int indent) const {
     std::string report = toString(indent);
-    forEachChild([&](const WO& child) { report += child.toStringRecursive(indent + 1); });
+    childList.forEach([&](const WO& child) { report += child.toStringRecursive(indent + 1); });
     return report;
 }
 
@@ -132,9 +123,9 @@ Vector WO::getPosition() const {
 }
 
 void WO::setPosition(const Vector& place) {
-    if (!childList.empty()) {
+    if (model && !childList.empty()) {
         const Vector delta = place - getPosition();
-        forEachChild([&](WO& child) { child.moveRelative(delta); });
+        childList.forEach([&](WO& child) { child.moveRelative(delta); });
     }
     setPositionOfThisOnly(place);
 }
@@ -147,7 +138,7 @@ void WO::setPositionOfThisOnly(const Vector& place) {
 
 void WO::moveRelative(const Vector& amount) {
     moveRelativeThisOnly(amount);
-    forEachChild([&](WO& child) { child.moveRelative(amount); });
+    childList.forEach([&](WO& child) { child.moveRelative(amount); });
 }
 
 void WO::moveRelativeThisOnly(const Vector& amount) {
@@ -233,7 +224,7 @@ void WO::render(Camera* camera) {
     if (joint && joint->visible) {
         joint->render(camera);
     }
-    forEachChild([&](WO& child) { child.render(camera); });
+    childList.forEach([&](WO& child) { child.render(camera); });
 }
 
 void WO::renderSelection(Camera* camera) {
@@ -244,14 +235,14 @@ void WO::renderSelection(Camera* camera) {
         getSelectionColor(r, g, b);
         model->renderSelection(camera, r, g, b);
     }
-    forEachChild([&](WO& child) { child.renderSelection(camera); });
+    childList.forEach([&](WO& child) { child.renderSelection(camera); });
 }
 
 void WO::resetJoint() {
     if (joint) {
         joint->resetRotation();
     }
-    forEachChild([](WO& child) { child.resetJoint(); });
+    childList.forEach([](WO& child) { child.resetJoint(); });
 }
 
 void WO::lockWRTparent(std::unique_ptr<WOGJoint> newJoint) {
@@ -312,7 +303,7 @@ bool WO::intersectRay(const Vector& start, const Vector& end, Vector& outPoint, 
     if (model && model->intersectRayOfOwner(start, end, point, segmentOnly, face)) {
         offer(point, face, this);
     }
-    forEachChild([&](WO& child) {
+    childList.forEach([&](WO& child) {
         WO* object = nullptr;
         if (child.intersectRay(start, end, point, segmentOnly, &face, &object)) {
             offer(point, face, object);
@@ -336,22 +327,22 @@ bool WO::isInFrustum(const VantrelGeometryFrustum& frustum) const {
 
 void WO::updateGL() {
     timeAliveMs += ManagerSDLTime::getSimDeltaMs();
-    forEachChild([](WO& child) { child.updateGL(); });
+    childList.forEach([](WO& child) { child.updateGL(); });
 }
 
 void WO::updateForcesAndJoints() {
-    forEachChild([](WO& child) { child.updateForcesAndJoints(); });
+    childList.forEach([](WO& child) { child.updateForcesAndJoints(); });
 }
 
 void WO::updatePositionAndOrientation() {
-    forEachChild([](WO& child) { child.updatePositionAndOrientation(); });
+    childList.forEach([](WO& child) { child.updatePositionAndOrientation(); });
 }
 
 void WO::onUpdate() {
     if (isLockedWRTparent && joint && getParentWorldObject() != nullptr) {
         joint->updateChildPose();
     }
-    forEachChild([](WO& child) { child.onUpdate(); });
+    childList.forEach([](WO& child) { child.onUpdate(); });
 }
 
 void WO::checkModelNotNull() {
@@ -360,18 +351,11 @@ void WO::checkModelNotNull() {
                  << "Press ENTER to continue.\n";
         Pause::waitForKey();
     }
-    forEachChild([](WO& child) { child.checkModelNotNull(); });
+    childList.forEach([](WO& child) { child.checkModelNotNull(); });
 }
 
 void WO::onCreate(const std::string& fileName, const Vector& scale, MESH_SHADING_TYPE shadingType) {
     model = Model::New(this, fileName, scale, shadingType);
-    if (!model) {
-        Report() << "WO::onCreate( '" << fileName << "', " << scale.toString() << ", " << shadingType
-                 << " )\n"
-                 << "Failed to load...\n"
-                 << "Press ENTER to exit...\n";
-        Pause::exitAfterKey();
-    }
 }
 
 void WO::onCreate() {
@@ -383,9 +367,13 @@ void WO::setParentWorldObject(WO* parent) {
 }
 
 void WO::getSelectionColor(std::uint8_t& r, std::uint8_t& g, std::uint8_t& b) const {
-    r = static_cast<std::uint8_t>(woID >> 16U);
-    g = static_cast<std::uint8_t>(woID >> 8U);
-    b = static_cast<std::uint8_t>(woID);
+    selectionColorOf(woID, r, g, b);
+}
+
+void WO::selectionColorOf(std::uint32_t id, std::uint8_t& r, std::uint8_t& g, std::uint8_t& b) {
+    r = static_cast<std::uint8_t>(id >> 16U);
+    g = static_cast<std::uint8_t>(id >> 8U);
+    b = static_cast<std::uint8_t>(id);
 }
 
 void WO::setVisible(bool isShown) {
@@ -401,7 +389,7 @@ void WO::setVisible(bool isShown) {
 
 std::uint32_t WO::countRecursive(const WO* object) {
     std::uint32_t count = 0;
-    object->forEachChild([&](const WO& child) { count += 1 + countRecursive(&child); });
+    object->childList.forEach([&](const WO& child) { count += 1 + countRecursive(&child); });
     return count;
 }
 

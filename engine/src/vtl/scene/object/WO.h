@@ -50,7 +50,7 @@ public:
     virtual Model* getModel() const { return model.get(); }
     /**
      * Takes a model that was made with this object as its owner; another one ends the process after a key.
-     * Returns the old model, which dies unless the caller keeps it.
+     * Returns the old model, which dies unless the caller keeps it, and must die before this object.
      */
     virtual std::unique_ptr<Model> setModel(std::unique_ptr<Model> other);
 
@@ -96,8 +96,8 @@ public:
 
     virtual void resetJoint();
     /**
-     * Ties the pose to the parent's by `newJoint`, or else by a joint that keeps the present relative pose.
-     * Without a parent the process ends after a key.
+     * Ties the pose to the parent's by `newJoint`, or else by a joint that keeps the present place in the
+     * parent's frame; the object turns as the parent does. Without a parent the process ends after a key.
      */
     virtual void lockWRTparent(std::unique_ptr<WOGJoint> newJoint = nullptr);
     virtual void unLockWRTparent();
@@ -145,6 +145,8 @@ public:
     }
     /** The low 24 bits of the id, the highest of them in red. */
     void getSelectionColor(std::uint8_t& r, std::uint8_t& g, std::uint8_t& b) const;
+    /** The same of any id. */
+    static void selectionColorOf(std::uint32_t id, std::uint8_t& r, std::uint8_t& g, std::uint8_t& b);
     /** Sum of the simulation steps seen so far, in milliseconds. */
     std::uint32_t getTimeAliveMs() const { return timeAliveMs; }
     bool isVisible() const { return visible; }
@@ -164,8 +166,6 @@ public:
     std::uint8_t renderOrderType = 3;
 
 private:
-    template <class Act>
-    void forEachChild(Act&& act) const;
     void notifyObservers();
     void destroyChildren();
 

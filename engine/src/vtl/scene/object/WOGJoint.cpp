@@ -28,10 +28,10 @@ WOGJoint::WOGJoint(WO* jointChild) : child(jointChild), parent(jointChild->getPa
 
 WOGJoint::WOGJoint(WO* jointChild, const Vector& anchorPoint, const Vector& lookAxis,
                    const Vector& normalAxis)
-    : child(jointChild), parent(jointChild->getParentWorldObject()), look(lookAxis), normal(normalAxis) {
+    : child(jointChild), parent(jointChild->getParentWorldObject()) {
     checkParent();
     constexpr float perpendicular = 0.001F;
-    if (std::abs(look.dotProduct(normal)) >= perpendicular) {
+    if (std::abs(lookAxis.dotProduct(normalAxis)) >= perpendicular) {
         Report() << "WARNING!!! User created a WOGJoint such that the normal vector \n   and lookDir vector"
                  << "are NOT PERPENDICULAR (orthogonal)!\n"
                  << "   Joint Rotations will probably behave unexpectedly unless\n"

@@ -12,8 +12,8 @@ class Camera;
 class IndexedGeometryAxes;
 
 /**
- * Ties the pose of a world object to that of its parent: the child keeps its place and its turn relative to
- * an anchor in the parent, about which the joint can turn it further. Main thread.
+ * Ties the pose of a world object to that of its parent: the child keeps its place relative to an anchor in
+ * the parent and turns as the parent does, and the joint can turn it further about the anchor. Main thread.
  */
 class WOGJoint {
 public:
@@ -42,6 +42,10 @@ public:
     /** The joint's X and Z axes in the world. */
     Vector getLookDirection() const { return axisInWorld(0); }
     Vector getNormalDirection() const { return axisInWorld(2); }
+    /** Sums of the angles turned, in radians. */
+    float getRotZ() const { return rotZ; }
+    float getRotY() const { return rotY; }
+    float getRotX() const { return rotX; }
     float getScale() const { return jointScale; }
     void setScale(float scale) { jointScale = scale; }
     /** From the anchor to the child, in the parent's frame, before the joint's rotation. */
@@ -59,14 +63,11 @@ private:
 
     WORef<WO> child;
     WORef<WO> parent;
-    /** Sums of the angles turned, in radians. */
     float rotZ = 0.0F;
     float rotY = 0.0F;
     float rotX = 0.0F;
     Vector offset;
     Vector anchor;
-    Vector look = unitX;
-    Vector normal = unitZ;
     float jointScale = 1.0F;
     Mat4 jointMatrix;
     /** Made when they are first drawn. */

@@ -164,7 +164,11 @@ bool WorldContainer::eraseViaWO(WO* object) {
         return false;
     }
     if (object->hasInterface(IFace::guiWidget)) {
-        return rootGUI && rootGUI->getChildList().eraseViaWO(object);
+        const bool isErased = rootGUI && rootGUI->getChildList().eraseViaWO(object);
+        if (isErased) {
+            onListChanged();
+        }
+        return isErased;
     }
     const auto index = ObjectList::find(woList, object);
     return index && eraseViaWOIndex(*index);
@@ -246,8 +250,8 @@ std::string WorldContainer::toStringGUI() const {
 }
 
 bool WorldContainer::contains(const WO* object) const {
-    return object != nullptr && ((rootGUI && object->getParentWorldObject() == rootGUI.get()) ||
-                                 ObjectList::find(woList, object).has_value());
+    return ObjectList::find(woList, object).has_value() ||
+           (rootGUI && rootGUI->getChildList().contains(object));
 }
 
 WO* WorldContainer::getWOByID(std::uint32_t id) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vtl/base/ManagerSDLTime.h"
+#include "vtl/scene/object/ObjectList.h"
 #include "vtl/scene/object/WOObserver.h"
 
 #include <cstddef>
@@ -75,7 +76,7 @@ public:
     virtual std::string toStringGUI() const;
     /** Whether it is a top-level object or a widget directly below the root. */
     virtual bool contains(const WO* object) const;
-    /** Hooks: a model of a file has moved or turned, a child has left or joined a tree of this world. */
+    /** Hooks: a model with meshes has moved or turned, a child has been erased from or joined a tree. */
     virtual void onModelTranslated(Model* /*model*/) {}
     virtual void onModelRotated(Model* /*model*/) {}
     virtual void onChildErased(WO* /*child*/) {}
@@ -87,17 +88,19 @@ public:
     void destroyAll();
     /**
      * Calls `work(WO&)` for every object in order and adds the time it took to that field of the object's
-     * record. An object may leave the list, and die, while it works.
+     * record. Objects may leave the list, and die, while it works; while they are drawn they may not.
      */
     template <class Work>
     void forEachTimed(Stopwatch stopwatch, std::int32_t ObjectTimes::*field, Work&& work) {
-        for (std::size_t i = 0; i < size(); ++i) {
-            WO* const object = at(i);
+        for (std::size_t i = 0; i < woList.size();) {
+            WO* const object = woList[i];
             ManagerSDLTime::startStopwatch(stopwatch);
             work(*object);
-            if (i < size() && at(i) == object) {
+            const ObjectList::Step step = ObjectList::stepOn(woList, i, object);
+            if (step.isObjectThere) {
                 timesOf(*object).*field += ManagerSDLTime::readStopwatch(stopwatch);
             }
+            i = step.next;
         }
     }
 

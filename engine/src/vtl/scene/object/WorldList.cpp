@@ -20,7 +20,7 @@ bool isSortedByDistance(const WO* object) {
 } // namespace
 
 void WorldList::sort(Camera* camera) {
-    if (!sortEnabled) {
+    if (!sortEnabled || camera == nullptr) {
         return;
     }
     if (needsFullSort || !sortDistantPart(*camera)) {
@@ -53,11 +53,14 @@ void WorldList::sortFully(const Camera& camera) {
 
 bool WorldList::sortDistantPart(const Camera& camera) {
     keyed.clear();
-    for (std::size_t i = firstSortedIndex; i < endSortedIndex; ++i) {
-        if (!isSortedByDistance(woList[i])) {
+    for (std::size_t i = 0; i < woList.size(); ++i) {
+        const bool isInSortedPart = i >= firstSortedIndex && i < endSortedIndex;
+        if (isSortedByDistance(woList[i]) != isInSortedPart) {
             return false;
         }
-        keyed.push_back({finiteKey(camera, woList[i]), woList[i]});
+        if (isInSortedPart) {
+            keyed.push_back({finiteKey(camera, woList[i]), woList[i]});
+        }
     }
     writeSorted(firstSortedIndex);
     return true;

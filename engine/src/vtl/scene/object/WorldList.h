@@ -36,7 +36,8 @@ private:
     };
 
     void sortFully(const Camera& camera);
-    /** False, and nothing done, when an object of the sorted part has got another order type. */
+    /** False, and nothing done, when an object's order type has changed and with it the part it belongs to.
+     */
     bool sortDistantPart(const Camera& camera);
     float finiteKey(const Camera& camera, const WO* object) const;
     void writeSorted(std::size_t place);

@@ -16,6 +16,14 @@ WO* rootOf(WO* object) {
     return object;
 }
 
+/** Whether `object` or somebody above it is `candidate`. */
+bool isAncestor(const WO* candidate, const WO* object) {
+    while (object != nullptr && object != candidate) {
+        object = object->getParentWorldObject();
+    }
+    return object != nullptr;
+}
+
 void tellWorldOfChild(WO* child) {
     WorldContainer* const world = SceneHost::findWorld();
     if (world == nullptr) {
@@ -39,11 +47,21 @@ void WorldObjectChildContainer::push_back(WO* child) {
                  << "   Press ENTER to exit...\n";
         Pause::exitAfterKey();
     }
-    WorldObjectContainer::push_back(child);
-    if (child != nullptr) {
-        child->setParentWorldObject(parentWO);
-        tellWorldOfChild(child);
+    if (child == nullptr) {
+        WorldObjectContainer::push_back(nullptr);
+        return;
     }
+    if (isAncestor(child, parentWO)) {
+        Report() << "WARNING: WorldObjectChildContainer::push_back( WO* child )...\n"
+                 << "   '" << child->getLabel() << "' has this WO below it, not inserting...\n";
+        return;
+    }
+    if (WO* const former = child->getParentWorldObject()) {
+        former->getChildList().eraseViaWO(child);
+    }
+    WorldObjectContainer::push_back(child);
+    child->setParentWorldObject(parentWO);
+    tellWorldOfChild(child);
 }
 
 bool WorldObjectChildContainer::eraseViaWOIndex(std::size_t index) {

@@ -8,8 +8,9 @@ namespace Vantrel {
 class WorldObjectChildContainer final : public WorldObjectContainer {
 public:
     /**
-     * Takes the child over and tells the world, when the tree that it joins stands there. Without a parent
-     * set the process ends after a key.
+     * Takes the child over, from another list of children if it is in one, and tells the world, when the tree
+     * that it joins stands there. A child that has this list below it is refused with a report. Without a
+     * parent set the process ends after a key.
      */
     void push_back(WO* child) override;
     /** The same for a child that goes, which keeps its parent. */

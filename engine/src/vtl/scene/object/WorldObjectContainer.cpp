@@ -1,11 +1,13 @@
 #include "vtl/scene/object/WorldObjectContainer.h"
 
-#include "vtl/scene/object/ObjectList.h"
 #include "vtl/scene/object/WO.h"
 
 namespace Vantrel {
 
 WorldObjectContainer::~WorldObjectContainer() {
+    if (currentWalk != nullptr) {
+        currentWalk->isListGone = true;
+    }
     WorldObjectContainer::resize(0);
 }
 
