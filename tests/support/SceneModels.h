@@ -36,14 +36,17 @@ public:
         return std::make_unique<CubeParser>(file, fileScale, shading);
     }
 
-    /** One mesh from -1 to 1, and one beside it when the name has "two" in it; none at all for "broken". */
+    /** One mesh from -1 to 1, and one beside it when the name has "two" in it; no mesh for "none" and nothing
+     * at all for "broken". */
     std::unique_ptr<ModelDataShared> parse() override {
         ++parseCount;
         if (fileName.find("broken") != std::string::npos) {
             return nullptr;
         }
         std::vector<ModelMeshSource> sources;
-        sources.push_back(boxMesh(scale * -1, scale));
+        if (fileName.find("none") == std::string::npos) {
+            sources.push_back(boxMesh(scale * -1, scale));
+        }
         if (fileName.find("two") != std::string::npos) {
             sources.push_back(boxMesh(Vector(2, -1, -1), Vector(4, 1, 1)));
         }

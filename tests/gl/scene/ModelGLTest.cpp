@@ -66,10 +66,18 @@ TEST_P(ModelGLTest, DrawsChildrenBoxesAndJoints) {
     parent->setVisible(true);
     parent->getModel()->getSkin().visibleFlag = false;
     child.setVisible(false);
-    parent->getModel()->boundingBoxVisible = true;
-    shown = pictureOf(*parent);
-    EXPECT_EQ(shown.at(middle, middle), black);
-    EXPECT_GT(countOf(shown, {0, 255, 0}), 20) << "the box's edges along Y";
+    ModelMesh& mesh = parent->getModel()->getModelDataShared()->getMeshes()[0];
+    for (bool* const isBoxVisible : {&parent->getModel()->boundingBoxVisible, &mesh.boundingBoxVisible}) {
+        *isBoxVisible = true;
+        parent->getModel()->setScale(Vector(1, 1, 1));
+        shown = pictureOf(*parent);
+        EXPECT_EQ(shown.at(middle, middle), black);
+        const int edges = countOf(shown, {0, 255, 0});
+        EXPECT_GT(edges, 20) << "the box's edges along Y";
+        parent->getModel()->setScale(Vector(1, 2, 1));
+        EXPECT_NEAR(countOf(pictureOf(*parent), {0, 255, 0}), 2 * edges, edges / 4);
+        *isBoxVisible = false;
+    }
 }
 
 TEST_P(ModelGLTest, BlendsAndWritesDepthsOnlyWhereItIsAskedTo) {
@@ -83,9 +91,21 @@ TEST_P(ModelGLTest, BlendsAndWritesDepthsOnlyWhereItIsAskedTo) {
     EXPECT_EQ(pixelAt(middle, middle), (Pixel{0, 255, 0})) << "the far one is not hidden";
     near->getModel()->depthWritesEnabled = true;
     clearPicture();
+    glDisable(GL_BLEND);
     near->render(&*eye);
     far->render(&*eye);
     EXPECT_LE(Tests::worstDifference(pixelAt(middle, middle), {128, 0, 0}), 1);
+    near->getModel()->depthWritesEnabled = false;
+    eye->isShadowMapCamera = true;
+    for (const bool isWritten : {false, true}) {
+        const GLboolean mask = isWritten ? GL_TRUE : GL_FALSE;
+        glDepthMask(mask);
+        near->render(&*eye);
+        GLboolean left = 2;
+        glGetBooleanv(GL_DEPTH_WRITEMASK, &left);
+        EXPECT_EQ(left, mask) << "the shadow map is made of depths, whatever the model says";
+    }
+    eye->isShadowMapCamera = false;
     GLboolean writes = GL_FALSE;
     glGetBooleanv(GL_DEPTH_WRITEMASK, &writes);
     EXPECT_EQ(writes, GL_TRUE);
@@ -110,7 +130,40 @@ TEST_P(ModelGLTest, ShowsIdsInTheSelectionPicture) {
         << "no other colour, blended or lit";
 }
 
+TEST_P(ModelGLTest, LeavesGLAsItWas) {
+    const auto cube = coloredCube(200, 0, 0);
+    cube->addChild(Tests::objectAt(Vector()));
+    cube->getModel()->boundingBoxVisible = true;
+    struct Place {
+        GLenum name;
+        bool isFixedFunction;
+    };
+    const auto state = [] {
+        std::vector<GLint> values;
+        for (const Place place : {Place{GL_CURRENT_PROGRAM, false}, Place{GL_ARRAY_BUFFER_BINDING, false},
+                                  Place{GL_ACTIVE_TEXTURE, false}, Place{GL_MATRIX_MODE, true},
+                                  Place{GL_MODELVIEW_STACK_DEPTH, true}, Place{GL_ATTRIB_STACK_DEPTH, true},
+                                  Place{GL_CLIENT_ATTRIB_STACK_DEPTH, true}, Place{GL_LIGHTING, true}}) {
+            GLint value = 0;
+            if (!place.isFixedFunction || ManagerOpenGLState::isCompatibilityProfile()) {
+                glGetIntegerv(place.name, &value);
+            }
+            values.push_back(value);
+        }
+        return values;
+    };
+    clearPicture();
+    const std::vector<GLint> before = state();
+    cube->render(&*eye);
+    EXPECT_EQ(state(), before);
+    cube->renderSelection(&*eye);
+    EXPECT_EQ(state(), before);
+}
+
 TEST_P(ModelGLTest, KeepsOneSetOfBuffersForAFile) {
+    ManagerModelMultiplicity::init();
+    EXPECT_TRUE(reports.contains("Your graphics card supports VBOs...\n"));
+
     const Tests::GLObjectCount before = Tests::countGLObjects();
     std::vector<std::unique_ptr<WO>> cubes;
     cubes.push_back(WO::New("two.obj"));
@@ -120,6 +173,15 @@ TEST_P(ModelGLTest, KeepsOneSetOfBuffersForAFile) {
     }
     EXPECT_EQ(Tests::countGLObjects(), one);
     EXPECT_FALSE(one == before);
+    cubes.erase(cubes.begin());
+    WO& left = *cubes.front();
+    EXPECT_LT(countOf(pictureOf(left), black), Tests::pictureSide * Tests::pictureSide);
+    left.getModel()->addSkin(std::unique_ptr<Texture>());
+    left.getModel()->useNextSkin();
+    left.getModel()->getSkin().setColor(0, 255, 255, 255);
+    EXPECT_GT(countOf(pictureOf(left), {0, 255, 255}), 100) << "a skin that was added later";
+    left.getModel()->getSkin().shadingType = MESH_SHADING_TYPE::mstFLAT;
+    EXPECT_GT(countOf(pictureOf(left), {0, 255, 255}), 100) << "and wants what nobody has drawn before";
     cubes.clear();
     EXPECT_EQ(Tests::countGLObjects(), before);
 }

@@ -38,6 +38,12 @@ TEST_F(ModelTest, SharesOneReadingOfAFileAsLongAsSomebodyUsesIt) {
     const auto nearly = cube("cube.obj", Vector(1, 1, 1.00001F));
     const auto otherCase = cube("Cube.OBJ");
     EXPECT_EQ(Tests::CubeParser::parseCount, 4);
+    for (const float odd : {std::nanf(""), -0.0F, 0.0F}) {
+        const auto odds = cube("odd.obj", Vector(1, odd, 1));
+        const auto again = cube("odd.obj", Vector(1, odd, 1));
+        EXPECT_EQ(odds->getCompositeIndexList(), again->getCompositeIndexList());
+    }
+    Tests::CubeParser::parseCount = 4;
     EXPECT_EQ(larger->getBoundingBox().getMax(), one * 2);
     EXPECT_EQ(larger->getFileName(), "cube.obj");
     EXPECT_EQ(larger->getFileScale(), one * 2);
@@ -50,8 +56,11 @@ TEST_F(ModelTest, SharesOneReadingOfAFileAsLongAsSomebodyUsesIt) {
     EXPECT_EQ(Tests::CubeParser::parseCount, 5);
     ManagerModelMultiplicity::shutdown();
     EXPECT_EQ(second->getCompositeVertexList()->size(), 8U) << "what outlives the registry keeps its data";
-    cube();
+    const auto third = cube();
+    const ModelDataShared copy(*third->getModelDataShared());
     second.reset();
+    cube();
+    EXPECT_EQ(Tests::CubeParser::parseCount, 6) << "an old instance doesn't count for the new reading";
 }
 
 TEST_F(ModelTest, PutsTheMeshesOfAFileInOneList) {
@@ -116,16 +125,20 @@ TEST_F(ModelTest, LooksWhereItIsTold) {
         Vector expectedNormal;
     };
     for (const Row& row : {Row{Vector(0, 3, 0), unitZ}, Row{Vector(1, 0, 1), Vector(-1, 0, 1)},
-                           Row{Vector(0, 0, 2), Vector(-1, 0, 0)}, Row{Vector(0, 0, -2), Vector(1, 0, 0)},
-                           Row{Vector(), unitZ}}) {
+                           Row{Vector(0, 0, 2), Vector(-1, 0, 0)}, Row{Vector(0, 0, -2), Vector(1, 0, 0)}}) {
         model.resetRotation();
         model.setLookDirection(row.look);
-        const Vector look = row.look == Vector() ? unitX : row.look.normalizeMe();
+        const Vector look = row.look.normalizeMe();
         EXPECT_EQ(model.getLookDirection(), look);
         EXPECT_EQ(model.getNormalDirection(), row.expectedNormal.normalizeMe());
         EXPECT_EQ(model.getXAxis().crossProduct(model.getYAxis()), model.getZAxis());
     }
     model.resetRotation();
+    for (const Vector& none : {Vector(), Vector(std::nanf(""), 0, 0), Vector(INFINITY, 0, 0)}) {
+        model.setLookDirection(none);
+        model.setNormalDirection(none);
+        EXPECT_EQ(model.getDisplayMatrix().m, Mat4().m) << "no direction changes nothing";
+    }
     model.setNormalDirection(Vector(0, -2, 0));
     EXPECT_EQ(model.getNormalDirection(), Vector(0, -1, 0));
     EXPECT_EQ(model.getLookDirection(), unitX);
@@ -145,10 +158,12 @@ TEST_F(ModelTest, KnowsItsTurnedBox) {
     EXPECT_EQ(corners[7], Vector(1, -1, 4));
     std::array<VantrelGeometryPlane, 6> planes;
     model->getBoundingBoxPlanes(planes);
-    EXPECT_EQ(planes[0].getNormal(), unitY);
-    EXPECT_NEAR(planes[0].d, 4, 1e-5F);
-    EXPECT_EQ(planes[5].getNormal(), Vector(0, 0, -1));
-    EXPECT_NEAR(planes[5].d, -4, 1e-5F);
+    const std::array<Vector, 6> normals{unitY, unitX, unitY * -1, unitX * -1, unitZ * -1, unitZ};
+    const std::array<float, 6> distances{4, 1, 1, 1, -4, 6};
+    for (std::size_t i = 0; i < planes.size(); ++i) {
+        EXPECT_EQ(planes[i].getNormal(), normals[i]) << i;
+        EXPECT_NEAR(planes[i].d, distances[i], 1e-5F) << i;
+    }
     const VantrelGeometryOBB box = model->getOBB();
     EXPECT_EQ(box.center, Vector(0, 0, 5));
     EXPECT_EQ(box.halfExtents, Vector(2.5F, 1, 1));
@@ -198,6 +213,24 @@ TEST_F(ModelTest, CyclesThroughItsSkins) {
         EXPECT_EQ(&model->getSkin(99), &model->getSkin(1)) << "beyond the last mesh";
     }
     EXPECT_EQ(file->getSkins(0).size(), 1U);
+}
+
+TEST_F(ModelTest, FindsTheEndingAnywhereInTheName) {
+    EXPECT_EQ(cube("cube.Obj.bak")->getNumberOfFaces(), 12U);
+    ManagerModelMultiplicity::setParser(".wrl", Tests::CubeParser::New);
+    ManagerModelMultiplicity::setParser(".obj", nullptr);
+    EXPECT_EQ(cube("cube.obj.wrl")->getNumberOfFaces(), 12U) << "this ending is looked for first";
+    ManagerModelMultiplicity::setParser(".wrl", nullptr);
+}
+
+TEST_F(ModelTest, ShowsNothingOfAFileWithoutMeshes) {
+    const auto model = cube("none.obj");
+    EXPECT_EQ(model->getNumberOfFaces(), 0U);
+    model->getSkin().setColor(1, 2, 3, 4);
+    model->useNextSkin();
+    EXPECT_TRUE(model->isInFrustum(VantrelGeometryFrustum(1, 90, 1, 100, unitX, unitZ, Vector(-9, 0, 0))));
+    Vector point;
+    EXPECT_FALSE(model->intersectRay(Vector(), unitX, point, false));
 }
 
 TEST_F(ModelTest, AnEmptyBoxIsAPointWhereTheModelIs) {

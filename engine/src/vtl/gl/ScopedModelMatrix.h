@@ -1,10 +1,9 @@
 #pragma once
 
 #include "vtl/gl/ManagerOpenGLState.h"
-#include "vtl/gl/ScopedMatrix.h"
 #include "vtl/math/Mat4.h"
 
-#include <optional>
+#include <GL/glew.h>
 
 namespace Vantrel {
 
@@ -12,14 +11,15 @@ namespace Vantrel {
 class ScopedModelMatrix {
 public:
     /** With `isScaled` normals are made one long again: a matrix that scales would scale the light too. */
-    explicit ScopedModelMatrix(const Mat4& matrix, bool isScaled = false) {
-        if (ManagerOpenGLState::isCompatibilityProfile()) {
-            saved.emplace(GLenum{GL_MODELVIEW});
+    explicit ScopedModelMatrix(const Mat4& matrix, bool isScaled = false)
+        : isNormalizing(isScaled && hasMatrices) {
+        if (hasMatrices) {
+            glMatrixMode(GL_MODELVIEW);
+            glPushMatrix();
             glMultMatrixf(matrix.m.data());
-            isNormalizing = isScaled;
-            if (isNormalizing) {
-                glEnable(GL_NORMALIZE);
-            }
+        }
+        if (isNormalizing) {
+            glEnable(GL_NORMALIZE);
         }
     }
     ScopedModelMatrix(const ScopedModelMatrix&) = delete;
@@ -28,11 +28,15 @@ public:
         if (isNormalizing) {
             glDisable(GL_NORMALIZE);
         }
+        if (hasMatrices) {
+            glMatrixMode(GL_MODELVIEW);
+            glPopMatrix();
+        }
     }
 
 private:
-    std::optional<ScopedMatrix> saved;
-    bool isNormalizing = false;
+    bool hasMatrices = ManagerOpenGLState::isCompatibilityProfile();
+    bool isNormalizing;
 };
 
 } // namespace Vantrel

@@ -20,19 +20,19 @@ public:
     ScopedSelectionColor(const ShaderCamera& camera, const Mat4& modelMatrix, std::uint8_t r, std::uint8_t g,
                          std::uint8_t b)
         : shader(ManagerShader::getDefaultSelectionShader()) {
-        if (shader != nullptr) {
-            shader->bind(camera.getViewProjectionMatrix() * modelMatrix, r, g, b);
-        } else {
+        if (isFixedFunction) {
             setFixedFunction(modelMatrix, r, g, b);
+        } else if (shader != nullptr) {
+            shader->bind(camera.getViewProjectionMatrix() * modelMatrix, r, g, b);
         }
     }
     ScopedSelectionColor(const ScopedSelectionColor&) = delete;
     ScopedSelectionColor& operator=(const ScopedSelectionColor&) = delete;
     ~ScopedSelectionColor() {
-        if (shader != nullptr) {
-            shader->unbind();
-        } else {
+        if (isFixedFunction) {
             glPopAttrib();
+        } else if (shader != nullptr) {
+            shader->unbind();
         }
     }
 
@@ -48,6 +48,7 @@ private:
         glColor4ub(r, g, b, opaque);
     }
 
+    bool isFixedFunction = !ManagerOpenGLState::isVersion32OrGreater();
     GLSLShaderDefaultSelectionGL32* shader;
     std::optional<ScopedModelMatrix> matrix;
 };

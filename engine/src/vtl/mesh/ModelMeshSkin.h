@@ -60,6 +60,12 @@ public:
     void setColor(int r, int g, int b, int a);
     /** In place of the shader that it has; null for none. */
     void setShader(std::unique_ptr<GLSLShader> other) { shader = std::move(other); }
+    /** Takes over what decides which render data is drawn. */
+    void drawLike(const ModelMeshSkin& other) {
+        shadingType = other.shadingType;
+        primitiveType = other.primitiveType;
+        renderType = other.renderType;
+    }
     /** What a vertex without a colour of its own is drawn in on the shader path. */
     vtlColor4f getVertexColor() const { return colorMaterial ? color : vtlColor4f(); }
 

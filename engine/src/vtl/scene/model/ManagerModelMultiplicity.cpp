@@ -42,7 +42,8 @@ std::unique_ptr<ModelDataShared> readMaster(const ModelDataSharedID& id, MESH_SH
     if (kind == fileKinds.end() || kind->makeParser == nullptr) {
         return nullptr;
     }
-    return kind->makeParser(id.fileName, id.scale, shadingType)->parse();
+    const std::unique_ptr<ModelParser> parser = kind->makeParser(id.fileName, id.scale, shadingType);
+    return parser ? parser->parse() : nullptr;
 }
 
 [[noreturn]] void refuseFile(const std::string& fileName) {
@@ -63,7 +64,9 @@ void ManagerModelMultiplicity::init() {
 }
 
 void ManagerModelMultiplicity::shutdown() {
-    const Masters gone = std::exchange(masters(), {}); // whose own release then finds nothing
+    while (!masters().empty()) {
+        masters().erase(masters().begin());
+    }
 }
 
 void ManagerModelMultiplicity::getModelData(std::unique_ptr<ModelDataShared>& out,
@@ -82,15 +85,16 @@ void ManagerModelMultiplicity::getModelData(std::unique_ptr<ModelDataShared>& ou
     }
     ++entry->second->id.referenceCount;
     out = std::make_unique<ModelDataShared>(*entry->second);
+    out->isCounted = true;
 }
 
-void ManagerModelMultiplicity::release(const ModelDataSharedID& id) {
-    const auto entry = masters().find(id);
-    if (entry == masters().end() || --entry->second->id.referenceCount != 0) {
-        return;
+void ManagerModelMultiplicity::release(const ModelDataShared& instance) {
+    const auto entry = masters().find(instance.id);
+    const bool isSameReading =
+        entry != masters().end() && &entry->second->getComposite() == &instance.getComposite();
+    if (isSameReading && --entry->second->id.referenceCount == 0) {
+        masters().erase(entry);
     }
-    const std::unique_ptr<ModelDataShared> master = std::move(entry->second);
-    masters().erase(entry); // first, so that the master's own release finds nothing
 }
 
 void ManagerModelMultiplicity::setParser(std::string_view ending, MakeParser make) {

@@ -2,7 +2,6 @@
 
 #include "vtl/math/VectorT.h"
 #include "vtl/mesh/MeshShadingType.h"
-#include "vtl/scene/model/ModelDataSharedID.h"
 
 #include <memory>
 #include <string>
@@ -34,12 +33,13 @@ public:
      */
     static void getModelData(std::unique_ptr<ModelDataShared>& out, const std::string& fileName,
                              const Vector& scale, MESH_SHADING_TYPE shadingType);
-    /** One instance less; with the last one the file is forgotten. Does nothing for an unknown id. */
-    static void release(const ModelDataSharedID& id);
+    /** One instance less; with the last one the file is forgotten. Does nothing for a file forgotten before.
+     */
+    static void release(const ModelDataShared& instance);
 
     /**
-     * Has files read that have `ending`, one of ".wrl", ".3ds" and ".obj" in any case, somewhere in their
-     * names. The three are looked for in this order.
+     * Has files read that have `ending`, one of ".wrl", ".3ds" and ".obj", somewhere in their names, in lower
+     * or upper case. The three are looked for in this order.
      */
     static void setParser(std::string_view ending, MakeParser make);
 };

@@ -26,10 +26,6 @@ Vector transformed(const Mat4& matrix, const Vector& point) {
     return matrix * point + Vector(&matrix.m[12]);
 }
 
-Vector scaledBy(const Vector& v, const Vector& scale) {
-    return {v.x * scale.x, v.y * scale.y, v.z * scale.z};
-}
-
 /** Makes `matrix` scale before it does what it did. */
 void scaleColumns(Mat4& matrix, const Vector& scale) {
     for (std::size_t row = 0; row < 4; ++row) {
@@ -42,7 +38,12 @@ void scaleColumns(Mat4& matrix, const Vector& scale) {
 /** The unit vector at right angles to both; `spare` where they point the same or the opposite way. */
 Vector acrossOr(const Vector& spare, const Vector& a, const Vector& b) {
     const Vector across = a.normalizeMe().crossProduct(b.normalizeMe()).normalizeMe();
-    return isNearZero(across.magnitudeSquared()) ? spare : across;
+    return isNearZero(across.magnitudeSquared()) ? spare.normalizeMe() : across;
+}
+
+/** Whether `direction`, which has been normalised, is one. */
+bool isDirection(const Vector& direction) {
+    return isNearlyEqual(direction.magnitudeSquared(), 1.0F, 0.01F);
 }
 
 /** Draws without writing depths, where a model asks for that; the shadow map is made of depths alone. */
@@ -156,11 +157,9 @@ const std::vector<Vector>* Model::getCompositeTangentList() const {
 }
 
 BoundingBox& Model::getBoundingBox() {
-    if (!modelData) {
-        Report() << describeNoData("ERROR: ", "getBoundingBox", ". Halting Execution now...\n");
-        Pause::exitNow();
-    }
-    return modelData->boundingBox;
+    static BoundingBox ofNothing;
+    ofNothing.reset();
+    return modelData ? modelData->boundingBox : ofNothing;
 }
 
 void Model::getBoundingBoxCorners(std::span<Vector, 8> out) const {
@@ -175,11 +174,16 @@ void Model::getBoundingBoxPlanes(std::span<VantrelGeometryPlane, 6> out) const {
     getBoundingBoxCorners(corners);
     const Vector& most = corners.front();
     const Vector& least = corners.back();
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        const Vector normal = columnOf(axis);
-        out[2 * axis] = {normal.x, normal.y, normal.z, normal.dotProduct(most)};
-        out[2 * axis + 1] = {-normal.x, -normal.y, -normal.z, -normal.dotProduct(least)};
-    }
+    const auto through = [](const Vector& normal, const Vector& point) {
+        return VantrelGeometryPlane(normal.x, normal.y, normal.z, normal.dotProduct(point));
+    };
+    const std::array<Vector, 3> axes{getXAxis(), getYAxis(), getZAxis()};
+    out[0] = through(axes[0], most);
+    out[1] = through(axes[1] * -1.0F, least);
+    out[2] = through(axes[0] * -1.0F, least);
+    out[3] = through(axes[1], most);
+    out[4] = through(axes[2] * -1.0F, least);
+    out[5] = through(axes[2], most);
 }
 
 void Model::computeRotationPoint() {
@@ -194,7 +198,7 @@ VantrelGeometryOBB Model::getOBB() const {
 
 void Model::setLookDirection(const Vector& direction) {
     const Vector look = direction.normalizeMe();
-    if (isNearZero(look.magnitudeSquared())) {
+    if (!isDirection(look)) {
         return;
     }
     const Vector left = acrossOr(getYAxis(), getNormalDirection(), look);
@@ -203,7 +207,7 @@ void Model::setLookDirection(const Vector& direction) {
 
 void Model::setNormalDirection(const Vector& direction) {
     const Vector up = direction.normalizeMe();
-    if (isNearZero(up.magnitudeSquared())) {
+    if (!isDirection(up)) {
         return;
     }
     const Vector left = acrossOr(getYAxis(), up, getLookDirection());
@@ -224,14 +228,9 @@ Vector Model::inverseRotateVector(const Vector& v) const {
 
 bool Model::isInFrustum(const VantrelGeometryFrustum& frustum) const {
     const BoundingBox& box = getBoundingBox();
-    VantrelGeometryOBB drawn = getOBB();
-    Vector center = box.getCenter();
-    if (scaleEnabled) {
-        center = scaledBy(center, modelScale);
-        drawn.halfExtents = scaledBy(drawn.halfExtents, modelScale);
-    }
-    drawn.center = modelToOwner(center);
-    return intersectFrustumOBB(frustum, drawn);
+    const Mat4 matrix = getModelMatrix();
+    return intersectFrustumOBB(frustum, {transformed(matrix, box.getCenter()), box.getLxLyLz(),
+                                         Vector(&matrix.m[0]), Vector(&matrix.m[4]), Vector(&matrix.m[8])});
 }
 
 void Model::setScale(const Vector& scale) {
@@ -245,33 +244,30 @@ std::uint32_t Model::getNumberOfFaces() const {
 }
 
 ModelSkins* Model::findSkins(std::uint32_t meshIndex) {
-    if (!modelData || modelData->getMeshes().empty()) {
-        return nullptr;
-    }
-    std::vector<ModelMesh>& meshes = modelData->getMeshes();
-    return &(meshIndex < meshes.size() ? meshes[meshIndex] : meshes.back()).getSkins();
+    return modelData ? &modelData->getSkins(meshIndex) : nullptr;
 }
 
-ModelSkins& Model::requireSkins(std::uint32_t meshIndex, const char* operation) {
+ModelSkins& Model::requireSkins(std::uint32_t meshIndex, const char* operation, SourceLocation where) {
     ModelSkins* const skins = findSkins(meshIndex);
     if (skins == nullptr) {
-        Report() << describeNoData("ERROR: ", operation, ". Halting Execution now...\n");
+        Report() << describeNoData("ERROR: ", where, operation, ". Halting Execution now...\n");
         Pause::exitNow();
     }
     return *skins;
 }
 
-ModelSkins* Model::findSkinsOrWarn(std::uint32_t meshIndex, const char* operation) {
+ModelSkins* Model::findSkinsOrWarn(std::uint32_t meshIndex, const char* operation, SourceLocation where) {
     ModelSkins* const skins = findSkins(meshIndex);
     if (skins == nullptr) {
-        Report() << describeNoData("WARNING: ", operation, ". Ignoring call...\n");
+        Report() << describeNoData("WARNING: ", where, operation, ". Ignoring call...\n");
     }
     return skins;
 }
 
-std::string Model::describeNoData(const char* kind, const char* operation, const char* ending) const {
+std::string Model::describeNoData(const char* kind, SourceLocation where, const char* operation,
+                                  const char* ending) const {
     ReportText text;
-    text << kind << locationText() << ": Model::" << operation
+    text << kind << locationText(where) << ": Model::" << operation
          << "() called on Base Model with nullptr modelData... This is occuring with\n"
          << "   WO: " << (parentWO != nullptr ? parentWO->getLabel() : std::string()) << ", "
          << (parentWO != nullptr ? parentWO->getID() : 0) << ending;
@@ -287,7 +283,12 @@ std::vector<ModelMeshSkin>& Model::getSkins(std::uint32_t meshIndex) {
 }
 
 void Model::addSkin(std::unique_ptr<Texture> texture, std::uint32_t meshIndex) {
-    addSkin(ModelMeshSkin(std::move(texture)), meshIndex);
+    ModelMeshSkin skin(std::move(texture));
+    const ModelSkins& skins = requireSkins(meshIndex, "getSkins");
+    if (!skins.list.empty()) {
+        skin.drawLike(skins.list.front());
+    }
+    addSkin(skin, meshIndex);
 }
 
 void Model::addSkin(const std::string& imageFile, std::uint32_t meshIndex) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vtl/base/SourceLocation.h"
 #include "vtl/geometry/BoundingBox.h"
 #include "vtl/gl/texture/Texture.h"
 #include "vtl/math/Mat4.h"
@@ -62,7 +63,7 @@ public:
     const BoundingBox& getBoundingBox() const { return const_cast<Model*>(this)->getBoundingBox(); }
     /** Of the turned and moved box, in the order of `BoundingBox::getCorners`. */
     virtual void getBoundingBoxCorners(std::span<Vector, 8> out) const;
-    /** Of the same box, in the order +X, -X, +Y, -Y, +Z, -Z of the model; normals point outwards. */
+    /** Of the same box, in the order +X, -Y, -X, +Y, -Z, +Z of the model; normals point outwards. */
     virtual void getBoundingBoxPlanes(std::span<VantrelGeometryPlane, 6> out) const;
     /** From now on the model turns about the middle of its box. */
     virtual void computeRotationPoint();
@@ -83,6 +84,7 @@ public:
     virtual Vector rotateVectorLessTranslation(const Vector& v) const {
         return rotateVector(v) - modelTranslateAmt;
     }
+    /** `v` itself where the display matrix has no inverse. */
     virtual Vector inverseRotateVector(const Vector& v) const;
     virtual Vector inverseRotatePlusTranslation(const Vector& v) const {
         return inverseRotateVector(v) + modelTranslateAmt;
@@ -100,6 +102,7 @@ public:
     /** The current skin of a mesh. Without geometry the process ends; so it does with the next five. */
     virtual ModelMeshSkin& getSkin(std::uint32_t meshIndex = 0);
     virtual std::vector<ModelMeshSkin>& getSkins(std::uint32_t meshIndex = 0);
+    /** A new skin with that texture, drawn with the mesh's shading and primitive. */
     virtual void addSkin(std::unique_ptr<Texture> texture, std::uint32_t meshIndex = 0);
     virtual void addSkin(const std::string& imageFile, std::uint32_t meshIndex = 0);
     virtual void addSkin(const ModelMeshSkin& skin, std::uint32_t meshIndex);
@@ -117,6 +120,7 @@ public:
 
     WO* getParentWO() const { return parentWO; }
     const Mat4& getDisplayMatrix() const { return modelDisplayMatrix; }
+    /** A rotation; what it has beside the upper left 3 by 3 must be the identity's. */
     void setDisplayMatrix(const Mat4& matrix);
     void resetRotation() { setDisplayMatrix(Mat4()); }
     /** Model space to the owner's, with the scale of `setScale`. */
@@ -149,11 +153,11 @@ public:
     bool depthWritesEnabled = true;
 
 protected:
-    /** Takes geometry of its own, for a procedural model that has meshes. */
+    /** Takes geometry of its own, which isn't null, for a procedural model that has meshes. */
     void setModelData(std::unique_ptr<ModelDataShared> data);
     /** Takes the model's normals to eye space; they need not stay one long. */
     Mat4 getNormalMatrix(const Camera& camera) const;
-    /** Those of a mesh; an index past the end means the last mesh. Null without meshes. */
+    /** Those of a mesh; an index past the end means the last mesh. Null without geometry. */
     virtual ModelSkins* findSkins(std::uint32_t meshIndex);
 
 private:
@@ -161,9 +165,12 @@ private:
     Vector columnOf(std::size_t column) const { return Vector(&modelDisplayMatrix.m[4 * column]); }
     void setAxes(const Vector& look, const Vector& left, const Vector& up);
     void tellWorld(void (WorldContainer::*hook)(Model*));
-    ModelSkins& requireSkins(std::uint32_t meshIndex, const char* operation);
-    ModelSkins* findSkinsOrWarn(std::uint32_t meshIndex, const char* operation);
-    std::string describeNoData(const char* kind, const char* operation, const char* ending) const;
+    ModelSkins& requireSkins(std::uint32_t meshIndex, const char* operation,
+                             SourceLocation where = SourceLocation::current());
+    ModelSkins* findSkinsOrWarn(std::uint32_t meshIndex, const char* operation,
+                                SourceLocation where = SourceLocation::current());
+    std::string describeNoData(const char* kind, SourceLocation where, const char* operation,
+                               const char* ending) const;
 
     std::unique_ptr<ModelDataShared> modelData;
     WO* parentWO;

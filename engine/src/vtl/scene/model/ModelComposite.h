@@ -15,7 +15,8 @@ namespace Vantrel {
 
 /**
  * The geometry that all instances of a model share: the data of each mesh, and the triangles of all of them
- * in one list for questions about the whole. Vertices stay with the meshes' generators. Main thread.
+ * in one list for questions about the whole. Vertices stay with the meshes' generators, where they must stay
+ * as they are. Main thread.
  */
 class ModelComposite {
 public:
@@ -29,7 +30,7 @@ public:
     const std::vector<std::uint32_t>& getIndices() const { return indices; }
     /** Null when no mesh has tangents. */
     const std::vector<Vector>* getTangents() const { return tangents ? &*tangents : nullptr; }
-    /** Mesh number and index in that mesh of a composite index; none for one past the end. */
+    /** Mesh number and vertex of that mesh for a place in the vertices; none for one past the end. */
     std::optional<std::pair<std::uint32_t, std::uint32_t>> findMeshVertex(std::uint32_t index) const;
 
     /** Appends the tangents, three floats each under the name "tangent", that the meshes have by now. */

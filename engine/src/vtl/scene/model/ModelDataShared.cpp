@@ -24,7 +24,9 @@ ModelDataShared::ModelDataShared(const ModelDataShared& master)
 }
 
 ModelDataShared::~ModelDataShared() {
-    ManagerModelMultiplicity::release(id);
+    if (isCounted) {
+        ManagerModelMultiplicity::release(*this);
+    }
 }
 
 void ModelDataShared::sendToServer() {
@@ -54,6 +56,13 @@ void ModelDataShared::renderSelection(std::uint8_t r, std::uint8_t g, std::uint8
     for (ModelMesh& mesh : meshes) {
         mesh.renderSelection(r, g, b);
     }
+}
+
+ModelSkins& ModelDataShared::getSkins(std::uint32_t meshIndex) {
+    if (meshes.empty()) {
+        return skinsOfNothing;
+    }
+    return (meshIndex < meshes.size() ? meshes[meshIndex] : meshes.back()).getSkins();
 }
 
 void ModelDataShared::onAfterSendToServer() {

@@ -35,7 +35,7 @@ public:
     /** Has the render data of every mesh made that its current skin asks for, and tells of tangents. */
     virtual void sendToServer();
     virtual void onAllContainedMeshesHaveBeenSentServerSide();
-    /** Tells the registry, which counts. */
+    /** Tells the registry, where that has counted this instance. */
     virtual ~ModelDataShared();
     /** Draws every mesh in order. */
     virtual void render(const ModelMeshMatrices& matrices);
@@ -47,16 +47,21 @@ public:
 
     const ModelComposite& getComposite() const { return *composite; }
     std::vector<ModelMesh>& getMeshes() { return meshes; }
+    /** Those of a mesh; an index past the end means the last mesh. Without meshes nobody sees them. */
+    ModelSkins& getSkins(std::uint32_t meshIndex);
     /** Makes `parent` the model of every mesh. */
     void setParentModel(Model* parent);
 
     ModelDataSharedID id;
+    /** Whether the registry counts this instance; a copy isn't counted. */
+    bool isCounted = false;
     /** Around all meshes, in model space, with the scale that the file was read with. */
     BoundingBox boundingBox;
 
 private:
     std::shared_ptr<ModelComposite> composite;
     std::vector<ModelMesh> meshes;
+    ModelSkins skinsOfNothing;
 };
 
 } // namespace Vantrel

@@ -2,8 +2,10 @@
 
 #include "vtl/math/VectorT.h"
 
+#include <cmath>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace Vantrel {
 
@@ -23,16 +25,19 @@ public:
     std::uint32_t referenceCount = 0;
 };
 
-/** By name, then by the exact components of the scale. */
+/** By name, then by the exact components of the scale, where what is no number comes last. */
 struct ModelDataSharedIDOrder {
     bool operator()(const ModelDataSharedID& a, const ModelDataSharedID& b) const {
         if (const int order = a.fileName.compare(b.fileName); order != 0) {
             return order < 0;
         }
-        if (a.scale.x != b.scale.x) {
-            return a.scale.x < b.scale.x;
+        const auto isBefore = [](float u, float v) { return std::isnan(v) ? !std::isnan(u) : u < v; };
+        for (const auto& [u, v] : {std::pair(a.scale.x, b.scale.x), {a.scale.y, b.scale.y}}) {
+            if (isBefore(u, v) || isBefore(v, u)) {
+                return isBefore(u, v);
+            }
         }
-        return a.scale.y != b.scale.y ? a.scale.y < b.scale.y : a.scale.z < b.scale.z;
+        return isBefore(a.scale.z, b.scale.z);
     }
 };
 

@@ -1,13 +1,14 @@
 #include "vtl/scene/model/ModelSkins.h"
 
+#include <algorithm>
+
 namespace Vantrel {
 
 ModelMeshSkin& ModelSkins::current() {
     if (list.empty()) {
-        list.emplace_back();
+        list.emplace_back().shadingType = MESH_SHADING_TYPE::mstNONE;
     }
-    useAt(index); // whoever holds the list may have shortened it
-    return list[index];
+    return list[currentIndex()];
 }
 
 void ModelSkins::useNext() {
@@ -19,8 +20,12 @@ void ModelSkins::usePrevious() {
 }
 
 void ModelSkins::useAt(std::uint32_t place) {
+    index = clamped(place);
+}
+
+std::uint32_t ModelSkins::clamped(std::uint32_t place) const {
     const auto last = static_cast<std::uint32_t>(list.empty() ? 0 : list.size() - 1);
-    index = place < last ? place : last;
+    return std::min(place, last);
 }
 
 } // namespace Vantrel

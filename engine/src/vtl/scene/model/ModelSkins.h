@@ -15,7 +15,7 @@ public:
 
     /** The skin in use; a list without any gets a plain one. */
     ModelMeshSkin& current();
-    std::uint32_t currentIndex() const { return index; }
+    std::uint32_t currentIndex() const { return clamped(index); }
     void add(const ModelMeshSkin& skin) { list.push_back(skin); }
     /** Behind the last comes the first. */
     void useNext();
@@ -26,6 +26,9 @@ public:
     std::vector<ModelMeshSkin> list;
 
 private:
+    /** Whoever holds the list may have shortened it. */
+    std::uint32_t clamped(std::uint32_t place) const;
+
     std::uint32_t index = 0;
 };
 
