@@ -3,8 +3,11 @@
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/ScopedClientArrays.h"
 #include "vtl/gl/ScopedPlainColors.h"
+#include "vtl/gl/ScopedUnlit.h"
 #include "vtl/gl/shader/ManagerShader.h"
 #include "vtl/gl/shader/VertexAttributeLocation.h"
+
+#include <optional>
 
 namespace Vantrel {
 namespace {
@@ -60,7 +63,7 @@ void IndexedGeometry::renderVertexArrayObject() const {
         return;
     }
     if (!useColors) {
-        setCurrentVertexColor(vtlColor4f(1.0F, 1.0F, 1.0F, 1.0F));
+        setCurrentVertexColor(plainColor);
     }
     if (!useNormals) {
         setCurrentVertexNormalToNone();
@@ -72,6 +75,10 @@ void IndexedGeometry::renderVertexArrayObject() const {
 
 void IndexedGeometry::renderClientArrays() const {
     const ScopedClientArrays arrays;
+    std::optional<ScopedUnlit> unlit;
+    if (!useNormals) {
+        unlit.emplace();
+    }
     if (useColors) {
         glEnableClientState(GL_COLOR_ARRAY);
         glColorPointer(4, GL_UNSIGNED_BYTE, 0, colors.data());

@@ -3,6 +3,7 @@
 #include "vtl/gl/GLHandle.h"
 #include "vtl/gl/IndexArray.h"
 #include "vtl/math/VectorT.h"
+#include "vtl/math/vtlColor4f.h"
 
 #include <GL/glew.h>
 #include <cstddef>
@@ -28,9 +29,11 @@ public:
     IndexedGeometry& operator=(const IndexedGeometry&) = delete;
     virtual ~IndexedGeometry() = default;
 
-    /** Draws with what the caller has set up: the bound shader, or the fixed-function state. */
+    /**
+     * Draws with what the caller has set up: the bound shader, or the fixed-function state. Without normals
+     * the shape is unlit.
+     */
     virtual void render() const;
-    /** Without colours of its own the shape is white, without normals unlit. */
     virtual void renderVertexArrayObject() const;
     virtual void renderClientArrays() const;
     /** Draws in one colour; from 3.2 on in that of the selection shader, which the caller has bound. */
@@ -49,6 +52,12 @@ public:
 
     /** The corners as they are now, three floats each. */
     std::span<const float> getVertices() const { return vertices; }
+
+    /**
+     * What the shape is drawn in from 3.2 on where it has no colours of its own. Below, the current colour
+     * counts, which whoever binds a skin has set by that.
+     */
+    vtlColor4f plainColor;
 
 protected:
     /** A shape whose constructor takes `arguments`, built. */

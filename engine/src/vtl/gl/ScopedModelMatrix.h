@@ -1,25 +1,42 @@
 #pragma once
 
 #include "vtl/gl/ManagerOpenGLState.h"
-#include "vtl/gl/ScopedMatrix.h"
 #include "vtl/math/Mat4.h"
 
-#include <optional>
+#include <GL/glew.h>
 
 namespace Vantrel {
 
 /** Multiplies the modelview matrix of the fixed functions, where there are any, while it lives. */
 class ScopedModelMatrix {
 public:
-    explicit ScopedModelMatrix(const Mat4& matrix) {
-        if (ManagerOpenGLState::isCompatibilityProfile()) {
-            saved.emplace(GLenum{GL_MODELVIEW});
+    /** With `isScaled` normals are made one long again: a matrix that scales would scale the light too. */
+    explicit ScopedModelMatrix(const Mat4& matrix, bool isScaled = false)
+        : isNormalizing(isScaled && hasMatrices) {
+        if (hasMatrices) {
+            glMatrixMode(GL_MODELVIEW);
+            glPushMatrix();
             glMultMatrixf(matrix.m.data());
+        }
+        if (isNormalizing) {
+            glEnable(GL_NORMALIZE);
+        }
+    }
+    ScopedModelMatrix(const ScopedModelMatrix&) = delete;
+    ScopedModelMatrix& operator=(const ScopedModelMatrix&) = delete;
+    ~ScopedModelMatrix() {
+        if (isNormalizing) {
+            glDisable(GL_NORMALIZE);
+        }
+        if (hasMatrices) {
+            glMatrixMode(GL_MODELVIEW);
+            glPopMatrix();
         }
     }
 
 private:
-    std::optional<ScopedMatrix> saved;
+    bool hasMatrices = ManagerOpenGLState::isCompatibilityProfile();
+    bool isNormalizing;
 };
 
 } // namespace Vantrel

@@ -1,5 +1,7 @@
 #include "vtl/scene/model/MGL.h"
 
+#include "vtl/geometry/IndexedGeometry.h"
+#include "vtl/gl/ScopedModelMatrix.h"
 #include "vtl/gl/ScopedSelectionColor.h"
 #include "vtl/scene/camera/Camera.h"
 #include "vtl/scene/model/ModelDataShared.h"
@@ -18,6 +20,47 @@ BoundingBox& MGL::getBoundingBox() {
 
 void MGL::setBoundingBoxLengths(const Vector& lengths) {
     mglBoundingBox.setLxLyLz(lengths, Vector());
+}
+
+ModelMeshSkin MGL::shapeSkin(ModelMeshSkin skin) {
+    // The colour takes the place of both in the fixed functions; the shader multiplies it by them.
+    skin.ambient = skin.diffuse = vtlColor4f();
+    return skin;
+}
+
+void MGL::renderGeometry(const Camera& camera, IndexedGeometry& geometry, const Mat4& place) {
+    ModelMeshSkin& skin = skins.current();
+    if (!skin.visibleFlag) {
+        return;
+    }
+    const Mat4 modelMatrix = getModelMatrix() * place;
+    const Mat4 normalMatrix = getNormalMatrix(camera) * place;
+    const ModelMeshMatrices matrices{modelMatrix, normalMatrix, camera.getShaderCamera()};
+    const ScopedModelMatrix matrix(modelMatrix, true);
+    skin.bind(&matrices);
+    geometry.plainColor = skin.getVertexColor();
+    geometry.render();
+    skin.unbind();
+}
+
+void MGL::renderGeometrySelection(const Camera& camera, const IndexedGeometry& geometry, std::uint8_t r,
+                                  std::uint8_t g, std::uint8_t b, const Mat4& place) const {
+    const ScopedSelectionColor color(camera.getShaderCamera(), getModelMatrix() * place, r, g, b);
+    geometry.renderSelection(r, g, b);
+}
+
+void MGL::renderBoundingBox(const Camera& camera) {
+    if (!boundingBoxVisible) {
+        return;
+    }
+    const Mat4 modelMatrix = getModelMatrix();
+    const ScopedModelMatrix matrix(modelMatrix);
+    getBoundingBox().render(camera.getShaderCamera(), modelMatrix);
+}
+
+ModelSkins* MGL::findSkins(std::uint32_t meshIndex) {
+    ModelSkins* const ofMesh = Model::findSkins(meshIndex);
+    return ofMesh != nullptr ? ofMesh : &skins;
 }
 
 } // namespace Vantrel

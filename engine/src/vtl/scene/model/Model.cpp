@@ -26,6 +26,15 @@ Vector transformed(const Mat4& matrix, const Vector& point) {
     return matrix * point + Vector(&matrix.m[12]);
 }
 
+/** Makes `matrix` scale before it does what it did. */
+void scaleColumns(Mat4& matrix, const Vector& scale) {
+    for (std::size_t row = 0; row < 4; ++row) {
+        matrix[row] *= scale.x;
+        matrix[4 + row] *= scale.y;
+        matrix[8 + row] *= scale.z;
+    }
+}
+
 /** The unit vector at right angles to both; `spare` where they point the same or the opposite way. */
 Vector acrossOr(const Vector& spare, const Vector& a, const Vector& b) {
     const Vector across = a.normalizeMe().crossProduct(b.normalizeMe()).normalizeMe();
@@ -84,7 +93,14 @@ void Model::setModelData(std::unique_ptr<ModelDataShared> data) {
 }
 
 Mat4 Model::getNormalMatrix(const Camera& camera) const {
-    return camera.getViewMatrix() * modelDisplayMatrix;
+    Mat4 matrix = camera.getViewMatrix() * modelDisplayMatrix;
+    if (scaleEnabled) {
+        // What is stretched faces less along the stretch; a side without any length has no direction anyway.
+        const auto shortened = [](float factor) { return factor != 0.0F ? 1.0F / factor : 1.0F; };
+        scaleColumns(matrix,
+                     Vector(shortened(modelScale.x), shortened(modelScale.y), shortened(modelScale.z)));
+    }
+    return matrix;
 }
 
 void Model::render(Camera* camera) {
@@ -93,7 +109,7 @@ void Model::render(Camera* camera) {
     }
     const Mat4 modelMatrix = getModelMatrix();
     const Mat4 normalMatrix = getNormalMatrix(*camera);
-    const ScopedModelMatrix matrix(modelMatrix);
+    const ScopedModelMatrix matrix(modelMatrix, scaleEnabled);
     glEnable(GL_BLEND);
     const ScopedDepthWrites depthWrites(depthWritesEnabled, *camera);
     modelData->render({modelMatrix, normalMatrix, camera->getShaderCamera()});
@@ -329,11 +345,7 @@ void Model::setDisplayMatrix(const Mat4& matrix) {
 Mat4 Model::getModelMatrix() const {
     Mat4 matrix = modelDisplayMatrix;
     if (scaleEnabled) {
-        for (std::size_t row = 0; row < 4; ++row) {
-            matrix[row] *= modelScale.x;
-            matrix[4 + row] *= modelScale.y;
-            matrix[8 + row] *= modelScale.z;
-        }
+        scaleColumns(matrix, modelScale);
     }
     matrix[12] += modelTranslateAmt.x;
     matrix[13] += modelTranslateAmt.y;

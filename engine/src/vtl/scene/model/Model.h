@@ -155,16 +155,16 @@ public:
 protected:
     /** Takes geometry of its own, which isn't null, for a procedural model that has meshes. */
     void setModelData(std::unique_ptr<ModelDataShared> data);
-    /** The model's directions in eye space. */
+    /** Takes the model's normals to eye space; they need not stay one long. */
     Mat4 getNormalMatrix(const Camera& camera) const;
+    /** Those of a mesh; an index past the end means the last mesh. Null without geometry. */
+    virtual ModelSkins* findSkins(std::uint32_t meshIndex);
 
 private:
     void load(const std::string& fileName, const Vector& scale, MESH_SHADING_TYPE shadingType);
     Vector columnOf(std::size_t column) const { return Vector(&modelDisplayMatrix.m[4 * column]); }
     void setAxes(const Vector& look, const Vector& left, const Vector& up);
     void tellWorld(void (WorldContainer::*hook)(Model*));
-    /** Those of a mesh; an index past the end means the last mesh. Null without geometry. */
-    virtual ModelSkins* findSkins(std::uint32_t meshIndex);
     ModelSkins& requireSkins(std::uint32_t meshIndex, const char* operation,
                              SourceLocation where = SourceLocation::current());
     ModelSkins* findSkinsOrWarn(std::uint32_t meshIndex, const char* operation,
