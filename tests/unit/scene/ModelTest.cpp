@@ -81,6 +81,18 @@ TEST_F(ModelTest, PutsTheMeshesOfAFileInOneList) {
     EXPECT_EQ(mesh.getCenterOffset(), Vector(2, 0, 0));
 }
 
+TEST_F(ModelTest, HitsTrianglesAlone) {
+    std::vector<ModelMeshSource> sources;
+    sources.push_back(Tests::boxMesh(Vector(0, 0, 5), Vector(1, 1, 6)));
+    sources[0].generator->sourcePrimitive = GL_LINES;
+    sources.push_back(Tests::boxMesh(Vector(), one));
+    const ModelDataShared data(std::move(sources));
+    VantrelGeometryRayVsFace face;
+    ASSERT_TRUE(data.getComposite().intersectRay(Vector(0.2F, 0.3F, 9), Vector(0.2F, 0.3F, 8), false, face));
+    EXPECT_EQ(face.intersection, Vector(0.2F, 0.3F, 1));
+    EXPECT_GE(face.index0, 8U) << "a vertex of the second mesh";
+}
+
 TEST_F(ModelTest, GathersTheTangentsOfItsMeshes) {
     std::vector<ModelMeshSource> sources;
     sources.push_back(Tests::boxMesh(Vector(), one));

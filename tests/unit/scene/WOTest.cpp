@@ -206,7 +206,8 @@ TEST_F(WOTest, SurvivesTheParentThatItHasLeft) {
 
 TEST_F(WOTest, ReportsAnIndexBeyondItsChildren) {
     const auto parent = objectAt(Vector());
-    parent->addChild(objectAt(Vector()));
+    const std::unique_ptr<WO> child = objectAt(Vector());
+    parent->getChildList().push_back(child.get());
     reports.clear();
     EXPECT_FALSE(parent->getChildList().eraseViaWOIndex(1));
     EXPECT_EQ(reports.text(),

@@ -5,9 +5,18 @@
 #include <algorithm>
 
 namespace Vantrel {
+namespace {
+
+bool isMadeOfTriangles(const ModelMeshRenderDataGenerator& generator) {
+    return generator.sourcePrimitive == GL_TRIANGLES;
+}
+
+} // namespace
 
 ModelComposite::ModelComposite(std::vector<std::unique_ptr<ModelMeshDataShared>> data)
     : meshData(std::move(data)) {
+    hasOtherPrimitives = std::ranges::any_of(
+        meshData, [](const auto& mesh) { return !isMadeOfTriangles(mesh->getGenerator()); });
     for (const auto& mesh : meshData) {
         appendMesh(mesh->getGenerator());
     }
@@ -19,6 +28,11 @@ void ModelComposite::appendMesh(const ModelMeshRenderDataGenerator& generator) {
     indices.reserve(indices.size() + generator.indices.size());
     for (const std::uint32_t index : generator.indices) {
         indices.push_back(first + index);
+    }
+    if (hasOtherPrimitives && isMadeOfTriangles(generator)) {
+        trianglesAlone.insert(trianglesAlone.end(),
+                              indices.end() - static_cast<std::ptrdiff_t>(generator.indices.size()),
+                              indices.end());
     }
     vertices.reserve(vertices.size() + generator.vertices.size());
     for (const Vector& vertex : generator.vertices) {
@@ -55,16 +69,20 @@ void ModelComposite::populateTangents() {
     }
 }
 
+std::span<const std::uint32_t> ModelComposite::triangleIndices() const {
+    return hasOtherPrimitives ? trianglesAlone : indices;
+}
+
 bool ModelComposite::intersectRay(const Vector& start, const Vector& end, bool segmentOnly,
                                   VantrelGeometryRayVsFace& outFace) const {
     if (!tree) {
-        tree.emplace(vertices, indices);
+        tree.emplace(vertices, triangleIndices());
     }
     const auto hit = tree->findNearestHit(start, end, segmentOnly);
     if (!hit) {
         return false;
     }
-    const std::uint32_t* const corner = &indices[std::size_t{3} * hit->triangle];
+    const std::uint32_t* const corner = &triangleIndices()[std::size_t{3} * hit->triangle];
     const Vector& v0 = *vertices[corner[0]];
     const Vector& v1 = *vertices[corner[1]];
     const Vector& v2 = *vertices[corner[2]];

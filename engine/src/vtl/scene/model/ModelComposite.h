@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -44,6 +45,8 @@ public:
 
 private:
     void appendMesh(const ModelMeshRenderDataGenerator& generator);
+    /** The indices of those meshes that are made of triangles. */
+    std::span<const std::uint32_t> triangleIndices() const;
 
     std::vector<std::unique_ptr<ModelMeshDataShared>> meshData;
     std::vector<const Vector*> vertices;
@@ -51,6 +54,9 @@ private:
     /** Where the vertices of each mesh begin. */
     std::vector<std::uint32_t> firstVertices;
     std::optional<std::vector<Vector>> tangents;
+    /** Without those of lines and points; empty where there are none of these. */
+    std::vector<std::uint32_t> trianglesAlone;
+    bool hasOtherPrimitives = false;
     mutable std::optional<TriangleTree> tree;
 };
 
