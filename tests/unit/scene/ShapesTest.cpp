@@ -66,6 +66,8 @@ TEST_F(ShapesTest, SkinOperationsOfAGridReachItsMesh) {
     dynamic_cast<MGL&>(model).addSkin(ModelMeshSkin());
     model.useNextSkin();
     EXPECT_EQ(&meshOf(*grid).getSkin(), &model.getSkins().at(1));
+    EXPECT_EQ(model.getSkin().shadingType, MESH_SHADING_TYPE::mstSMOOTH)
+        << "as the first, or it can't be drawn";
 }
 
 TEST_F(ShapesTest, ColorsOfPointsGoBeforeTheColorOfAll) {
@@ -135,7 +137,8 @@ TEST_F(ShapesTest, LinesStandOnWholeStepsAlone) {
          {Row{10, 4, 10, 5, 3, 3}, Row{3.9F, 4, 0, 1, 1, 1}, Row{-1, 1, 5, 1, 0, 0}, Row{5, 0, 5, 1, 0, 0},
           Row{5, -1, 5, 1, 0, 0}, Row{nan, 1, 5, 1, 0, 0}, Row{5, 1, 5, nan, 0, 0}, Row{inf, 1, 5, 1, 0, 0},
           Row{5, inf, 5, 1, 1, 6}, Row{inf, inf, 5, 1, 0, 0}, Row{1e30F, 1e-30F, 5, 1, 0, 0},
-          Row{1e5F, 1, 1e5F, 1, 0, 0}, Row{5, 1, 3e9F, 1, 0, 0}, Row{-0.5F, 1, 5, 1, 0, 0}}) {
+          Row{1e5F, 1, 1e5F, 1, 0, 0}, Row{5, 1, 3e9F, 1, 0, 0}, Row{-0.5F, 1, 5, 1, 0, 0},
+          Row{-10, -1, 5, 1, 11, 6}}) {
         const auto grid = MGLGridLinesRegular2D::New(nullptr, row.lengthX, row.stepX, row.lengthY, row.stepY,
                                                      vtlColor4ub());
         EXPECT_EQ(grid->getGridWidth(), row.width) << row.lengthX << " " << row.stepX;

@@ -181,15 +181,9 @@ void IndexedGeometry::setIndices(const IndexArray& array) {
 void IndexedGeometry::fillBuffers() {
     vertexBuffer = createBuffer(GL_ARRAY_BUFFER, vertices);
     indexBuffer = createBuffer(GL_ELEMENT_ARRAY_BUFFER, indices);
-    if (useColors) {
-        colorBuffer = createBuffer(GL_ARRAY_BUFFER, colors);
-    }
-    if (useNormals) {
-        normalBuffer = createBuffer(GL_ARRAY_BUFFER, normals);
-    }
-    if (useTextureCoords) {
-        textureCoordBuffer = createBuffer(GL_ARRAY_BUFFER, textureCoords);
-    }
+    colorBuffer = useColors ? createBuffer(GL_ARRAY_BUFFER, colors) : GLBuffer();
+    normalBuffer = useNormals ? createBuffer(GL_ARRAY_BUFFER, normals) : GLBuffer();
+    textureCoordBuffer = useTextureCoords ? createBuffer(GL_ARRAY_BUFFER, textureCoords) : GLBuffer();
 }
 
 void IndexedGeometry::pointAttributes(GLboolean areColorsNormalized) const {

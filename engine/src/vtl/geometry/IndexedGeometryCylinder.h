@@ -13,7 +13,8 @@ class IndexedGeometryCylinder : public IndexedGeometry {
 public:
     /**
      * `slices` are around the axis, `stacks` along it; without either, or with millions, there is no mantle.
-     * The normals are horizontal, even those of a cone. An image is wrapped once around.
+     * The normals are horizontal, even those of a cone. An image is wrapped once around, backwards in
+     * the last slice, which ends where the first begins.
      */
     static std::unique_ptr<IndexedGeometryCylinder> New(float radiusAtTop, float radiusAtBottom, float height,
                                                         std::uint32_t slices, std::uint32_t stacks,

@@ -49,11 +49,11 @@ void MGL::renderGeometrySelection(const Camera& camera, const IndexedGeometry& g
     geometry.renderSelection(r, g, b);
 }
 
-void MGL::renderBoundingBox(const Camera& camera) {
+void MGL::renderBoundingBox(const Camera& camera, const Mat4& place) {
     if (!boundingBoxVisible) {
         return;
     }
-    const Mat4 modelMatrix = getModelMatrix();
+    const Mat4 modelMatrix = getModelMatrix() * place;
     const ScopedModelMatrix matrix(modelMatrix);
     getBoundingBox().render(camera.getShaderCamera(), modelMatrix);
 }

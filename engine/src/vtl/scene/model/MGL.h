@@ -40,7 +40,7 @@ protected:
     void renderGeometrySelection(const Camera& camera, const IndexedGeometry& geometry, std::uint8_t r,
                                  std::uint8_t g, std::uint8_t b, const Mat4& place = Mat4()) const;
     /** Draws the edges of the box, where they are to be visible. */
-    void renderBoundingBox(const Camera& camera);
+    void renderBoundingBox(const Camera& camera, const Mat4& place = Mat4());
 
     BoundingBox mglBoundingBox;
     ModelSkins skins;

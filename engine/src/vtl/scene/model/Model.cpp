@@ -283,12 +283,7 @@ std::vector<ModelMeshSkin>& Model::getSkins(std::uint32_t meshIndex) {
 }
 
 void Model::addSkin(std::unique_ptr<Texture> texture, std::uint32_t meshIndex) {
-    ModelMeshSkin skin(std::move(texture));
-    const ModelSkins& skins = requireSkins(meshIndex, "getSkins");
-    if (!skins.list.empty()) {
-        skin.drawLike(skins.list.front());
-    }
-    addSkin(skin, meshIndex);
+    addSkin(ModelMeshSkin(std::move(texture)), meshIndex);
 }
 
 void Model::addSkin(const std::string& imageFile, std::uint32_t meshIndex) {
@@ -297,7 +292,11 @@ void Model::addSkin(const std::string& imageFile, std::uint32_t meshIndex) {
 }
 
 void Model::addSkin(const ModelMeshSkin& skin, std::uint32_t meshIndex) {
-    requireSkins(meshIndex, "getSkins").add(skin);
+    std::vector<ModelMeshSkin>& list = requireSkins(meshIndex, "getSkins").list;
+    list.push_back(skin);
+    if (skin.shadingType == MESH_SHADING_TYPE::mstNOTINITIALIZED) {
+        list.back().drawLike(list.front());
+    }
 }
 
 std::uint32_t Model::getCurrentSkinIndex(std::uint32_t meshIndex) {

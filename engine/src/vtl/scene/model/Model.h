@@ -102,7 +102,7 @@ public:
     /** The current skin of a mesh. Without geometry the process ends; so it does with the next five. */
     virtual ModelMeshSkin& getSkin(std::uint32_t meshIndex = 0);
     virtual std::vector<ModelMeshSkin>& getSkins(std::uint32_t meshIndex = 0);
-    /** A new skin with that texture, drawn with the mesh's shading and primitive. */
+    /** A new skin. One that has no shading type yet takes shading and primitive from the first one. */
     virtual void addSkin(std::unique_ptr<Texture> texture, std::uint32_t meshIndex = 0);
     virtual void addSkin(const std::string& imageFile, std::uint32_t meshIndex = 0);
     virtual void addSkin(const ModelMeshSkin& skin, std::uint32_t meshIndex);

@@ -16,7 +16,6 @@ public:
     /** The skin in use; a list without any gets a plain one. */
     ModelMeshSkin& current();
     std::uint32_t currentIndex() const { return clamped(index); }
-    void add(const ModelMeshSkin& skin) { list.push_back(skin); }
     /** Behind the last comes the first. */
     void useNext();
     void usePrevious();

@@ -24,7 +24,7 @@ MGLCylinder::MGLCylinder(WO* parent, float radiusAtTop, float radiusAtBottom, fl
     , capBottom(IndexedGeometryDisc::New(0.0F, radiusAtBottom, slices, useNormals, useTextureCoords))
     , height(height_) {
     const float larger = std::max(radiusAtTop, radiusAtBottom);
-    skins.add(shapeSkin());
+    skins.list.push_back(shapeSkin());
     mglBoundingBox.addPoint(Vector());
     mglBoundingBox.addPoint(Vector(larger, larger, height));
 }

@@ -21,6 +21,12 @@ bool isFilled(const MGLGrid::PointRows& points) {
     return missing <= mostMissingPoints;
 }
 
+/** The nearest float; what is beyond them becomes the largest. */
+float narrowed(double number) {
+    constexpr double largest = std::numeric_limits<float>::max();
+    return static_cast<float>(std::clamp(number, -largest, largest));
+}
+
 /** How far `point` is on the way from the origin to `end`; 0 where that is no way. */
 double shareOfWay(const VectorD& point, const VectorD* end) {
     const double length = end != nullptr ? end->dotProduct(*end) : 0.0;
@@ -75,9 +81,8 @@ void MGLGrid::buildVertices() {
     lists->vertices.assign(countPoints(), Vector(none, none, none));
     for (std::size_t i = 0; i < lists->vertices.size(); ++i) {
         if (const VectorD* const point = findPoint(i)) {
-            lists->vertices[i] = Vector(static_cast<float>(point->x * pointScale.x),
-                                        static_cast<float>(point->y * pointScale.y),
-                                        static_cast<float>(point->z * pointScale.z));
+            lists->vertices[i] = Vector(narrowed(point->x * pointScale.x), narrowed(point->y * pointScale.y),
+                                        narrowed(point->z * pointScale.z));
         }
     }
 }
@@ -89,8 +94,8 @@ void MGLGrid::buildTextureCoords() {
     const bool hasColumn = endOfColumn != nullptr && endOfColumn->dotProduct(*endOfColumn) > 0.0;
     for (std::size_t i = 0; i < set.coords.size(); ++i) {
         if (const VectorD* const point = findPoint(i)) {
-            set.coords[i].x = static_cast<float>(shareOfWay(*point, endOfRow));
-            set.coords[i].y = hasColumn ? static_cast<float>(1.0 - shareOfWay(*point, endOfColumn)) : 0.0F;
+            set.coords[i].x = narrowed(shareOfWay(*point, endOfRow));
+            set.coords[i].y = hasColumn ? narrowed(1.0 - shareOfWay(*point, endOfColumn)) : 0.0F;
         }
     }
     lists->textureCoordSets = {std::move(set)};
@@ -116,6 +121,9 @@ void MGLGrid::makeMeshes(std::uint32_t /*depth*/) {
 }
 
 void MGLGrid::makeMesh(ModelMeshSkin skin) {
+    if (getModelDataShared() != nullptr) {
+        return; // the lists are the mesh's by now
+    }
     Report() << "Making VBO\n";
     lists->colorFormat = GL_RGBA;
     std::vector<ModelMeshSource> sources;

@@ -1,5 +1,6 @@
 #include "vtl/scene/shape/MGLGridLinesRegular2D.h"
 
+#include "vtl/base/Report.h"
 #include "vtl/gl/LineWidth.h"
 
 namespace Vantrel {
@@ -7,10 +8,10 @@ namespace {
 
 constexpr std::uint64_t mostCrossings = 1U << 21U;
 
-/** How many lines stand on a length; 0 where it or the step is no length, or where there are too many. */
+/** How many lines stand on a length; 0 where the two go different ways or there are too many. */
 std::uint32_t countLines(float length, float step) {
     const double count = length / step + 1.0;
-    const bool isPossible = length >= 0.0F && step > 0.0F && count <= mostCrossings;
+    const bool isPossible = count >= 1.0 && count <= mostCrossings;
     return isPossible ? static_cast<std::uint32_t>(count) : 0;
 }
 
@@ -76,6 +77,8 @@ void MGLGridLinesRegular2D::build(float lengthX_, float stepX_, float lengthY_, 
     gridHeight = countLines(lengthY, stepY);
     const std::uint64_t crossings = std::uint64_t{gridWidth} * gridHeight;
     if (crossings == 0 || crossings > mostCrossings) {
+        Report() << "WARNING: MGLGridLinesRegular2D::build(): no grid of " << lengthX << " by " << lengthY
+                 << " in steps of " << stepX << " and " << stepY << "...\n";
         gridWidth = gridHeight = 0;
     }
     buildVertices();

@@ -13,8 +13,8 @@ namespace Vantrel {
 class MGLGridLinesRegular2D : public MGLGrid {
 public:
     /**
-     * A line at every whole step of each length, the first at 0. With a negative length, a step that isn't
-     * above 0, or more than two million crossings, there are no lines.
+     * A line at every whole step of each length, the first at 0. Where a step leads away from the length's
+     * end or is 0, or with more than two million crossings, there are no lines, and a report.
      */
     static std::unique_ptr<MGLGridLinesRegular2D> New(WO* parent, float lengthX, float stepX, float lengthY,
                                                       float stepY, const vtlColor4ub& color);

@@ -80,7 +80,7 @@ MGLPrimitiveShape::MGLPrimitiveShape(WO* parent, std::unique_ptr<IndexedGeometry
     : MGL(parent), geometry(std::move(shape)) {
     ModelMeshSkin skin = shapeSkin();
     skin.specular = vtlColor4f(0.0F, 0.0F, 0.0F, 1.0F);
-    skins.add(skin);
+    skins.list.push_back(skin);
     const std::span<const float> corners = geometry->getVertices();
     mglBoundingBox.addPoints(corners.data(), static_cast<std::uint32_t>(corners.size() / 3));
 }

@@ -27,7 +27,7 @@ MGLQuad::MGLQuad(WO* parent, std::uint8_t orientation, const std::string& imageF
                  float height)
     : MGL(parent)
     , quad(IndexedGeometryQuad::New(orientation, width, height, Vector(1, 1, 1), true, true, false)) {
-    skins.add(shapeSkin(ModelMeshSkin(
+    skins.list.push_back(shapeSkin(ModelMeshSkin(
         ManagerTexture::loadTexture(imageFile, 0, 0, true, GL_RGBA, GL_RGBA, GL_UNSIGNED_BYTE))));
     mglBoundingBox.addPoint(Vector());
     mglBoundingBox.addPoint(Vector(width, height, 0));
@@ -39,7 +39,7 @@ void MGLQuad::render(Camera* camera) {
     setEnabled(GL_BLEND, blendEnabled);
     setEnabled(GL_DEPTH_TEST, depthTestEnabled);
     renderGeometry(*camera, *quad, place());
-    renderBoundingBox(*camera);
+    renderBoundingBox(*camera, place());
     setEnabled(GL_BLEND, ManagerOpenGLState::isBlendEnabled());
     glEnable(GL_DEPTH_TEST);
 }
