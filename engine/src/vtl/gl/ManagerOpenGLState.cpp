@@ -8,20 +8,13 @@
 #include "vtl/gl/GLStubs.h"
 #include "vtl/gl/ManagerWindowing.h"
 #include "vtl/gl/ProjectionMatrix.h"
+#include "vtl/gl/SetEnabled.h"
 
 #include <GL/glew.h>
 #include <SDL.h>
 
 namespace Vantrel {
 namespace {
-
-void setEnabled(GLenum capability, bool enabled) {
-    if (enabled) {
-        glEnable(capability);
-    } else {
-        glDisable(capability);
-    }
-}
 
 void applyDepthTest(bool enabled) {
     if (ManagerWindowing::hasContext()) {

@@ -161,40 +161,34 @@ void WO::resetRotation() {
     }
 }
 
-void WO::rotateAboutRelX(float radians) {
+void WO::turnModel(void (Model::*turn)(float), float radians) {
     if (model) {
-        model->rotateAboutRelX(radians);
+        ((*model).*turn)(radians);
     }
+}
+
+void WO::rotateAboutRelX(float radians) {
+    turnModel(&Model::rotateAboutRelX, radians);
 }
 
 void WO::rotateAboutRelY(float radians) {
-    if (model) {
-        model->rotateAboutRelY(radians);
-    }
+    turnModel(&Model::rotateAboutRelY, radians);
 }
 
 void WO::rotateAboutRelZ(float radians) {
-    if (model) {
-        model->rotateAboutRelZ(radians);
-    }
+    turnModel(&Model::rotateAboutRelZ, radians);
 }
 
 void WO::rotateAboutGlobalX(float radians) {
-    if (model) {
-        model->rotateAboutGlobalX(radians);
-    }
+    turnModel(&Model::rotateAboutGlobalX, radians);
 }
 
 void WO::rotateAboutGlobalY(float radians) {
-    if (model) {
-        model->rotateAboutGlobalY(radians);
-    }
+    turnModel(&Model::rotateAboutGlobalY, radians);
 }
 
 void WO::rotateAboutGlobalZ(float radians) {
-    if (model) {
-        model->rotateAboutGlobalZ(radians);
-    }
+    turnModel(&Model::rotateAboutGlobalZ, radians);
 }
 
 void WO::onKeyDown(const SDL_KeyboardEvent& event) {
@@ -261,22 +255,22 @@ void WO::unLockWRTparent() {
     }
 }
 
-void WO::rotateJointAboutZ(float radians) {
+void WO::turnJoint(void (WOGJoint::*turn)(float), float radians) {
     if (isLockedWRTparent && joint) {
-        joint->rotateAboutZ(radians);
+        ((*joint).*turn)(radians);
     }
+}
+
+void WO::rotateJointAboutZ(float radians) {
+    turnJoint(&WOGJoint::rotateAboutZ, radians);
 }
 
 void WO::rotateJointAboutY(float radians) {
-    if (isLockedWRTparent && joint) {
-        joint->rotateAboutY(radians);
-    }
+    turnJoint(&WOGJoint::rotateAboutY, radians);
 }
 
 void WO::rotateJointAboutX(float radians) {
-    if (isLockedWRTparent && joint) {
-        joint->rotateAboutX(radians);
-    }
+    turnJoint(&WOGJoint::rotateAboutX, radians);
 }
 
 bool WO::intersectRay(const Vector& start, const Vector& end, Vector& outPoint, bool segmentOnly,

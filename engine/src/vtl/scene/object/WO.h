@@ -166,6 +166,8 @@ public:
     std::uint8_t renderOrderType = 3;
 
 private:
+    void turnModel(void (Model::*turn)(float), float radians);
+    void turnJoint(void (WOGJoint::*turn)(float), float radians);
     void notifyObservers();
     void destroyChildren();
 

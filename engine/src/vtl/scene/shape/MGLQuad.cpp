@@ -2,21 +2,11 @@
 
 #include "vtl/geometry/IndexedGeometryQuad.h"
 #include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/gl/SetEnabled.h"
 #include "vtl/gl/texture/ManagerTexture.h"
 #include "vtl/scene/camera/Camera.h"
 
 namespace Vantrel {
-namespace {
-
-void setEnabled(GLenum capability, bool enabled) {
-    if (enabled) {
-        glEnable(capability);
-    } else {
-        glDisable(capability);
-    }
-}
-
-} // namespace
 
 std::unique_ptr<MGLQuad> MGLQuad::New(WO* parent, std::uint8_t orientation, const std::string& imageFile,
                                       float width, float height) {
