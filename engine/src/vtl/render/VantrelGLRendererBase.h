@@ -1,13 +1,29 @@
 #pragma once
 
+#include "vtl/gl/shader/GLSLUniformBlockCameraTransforms.h"
+#include "vtl/gl/shader/GLSLUniformBlockT.h"
+#include "vtl/math/VectorT.h"
+
+#include <SDL.h>
+#include <cstdint>
+#include <memory>
+#include <optional>
+
 namespace Vantrel {
 
 class Camera;
+class WO;
 class WorldContainer;
 
-/** Draws the world for a camera, one frame at a time. Main thread. */
+/**
+ * What renderers have in common: how a camera's view gets to GL, and what a pixel shows. Main thread, with
+ * the context.
+ */
 class VantrelGLRendererBase {
 public:
+    VantrelGLRendererBase();
+    VantrelGLRendererBase(const VantrelGLRendererBase&) = delete;
+    VantrelGLRendererBase& operator=(const VantrelGLRendererBase&) = delete;
     virtual ~VantrelGLRendererBase() = default;
 
     /** One whole frame, buffer swap included. */
@@ -17,7 +33,30 @@ public:
     /** The passes of one view. */
     virtual void renderScene(Camera* camera, WorldContainer* world, bool clear) = 0;
     /** Lets the camera move and gives its view to GL. */
-    virtual void updateCamera(Camera* camera) = 0;
+    virtual void updateCamera(Camera* camera);
+
+    /**
+     * What shows at a pixel, counted from the top left of the camera's viewport: draws the world in the
+     * colours of its ids into the back buffer, which the next frame overwrites. `outObject` becomes null
+     * where there is no object; `outPlace`, in the world, is nothing where the view has no inverse.
+     */
+    virtual void updateSelection(Camera* camera, WorldContainer* world, WO*& outObject,
+                                 std::optional<Vector>& outPlace, int x, int y) = 0;
+    /** The same for the first pixel, for what the drawing itself does. */
+    virtual void renderSelectionDiscardResult(Camera* camera, WorldContainer* world) = 0;
+    virtual void renderSelectionFrame(Camera* camera, WorldContainer* world) = 0;
+    virtual void renderSelectionScene(Camera* camera, WorldContainer* world, bool clear) = 0;
+    /** The object whose colour the back buffer has where the mouse is; null for none. */
+    virtual WO* pickWO(const SDL_MouseButtonEvent& event, Camera* camera, WorldContainer* world);
+    virtual WO* pickWOAtPixel(int x, int y, Camera* camera, WorldContainer* world);
+    /** The place in the world at a pixel, by the depth of what was drawn last. */
+    virtual bool pickWorldCoordinate(int x, int y, Camera* camera, Vector& out);
+    /** `object` itself or the first one below it with that colour of its id; null for none. */
+    virtual WO* findWOByColor(WO* object, std::uint8_t r, std::uint8_t g, std::uint8_t b);
+
+protected:
+    /** What shaders know of the camera; null below 3.2. */
+    std::unique_ptr<GLSLUniformBlockT<GLSLUniformBlockCameraTransforms>> cameraTransforms;
 };
 
 } // namespace Vantrel

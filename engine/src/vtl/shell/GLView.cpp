@@ -156,6 +156,24 @@ void GLView::createCamera() {
     cam = std::make_unique<CameraStandardEZNav>(this, &mouseHandler);
 }
 
+void GLView::processSelection(int x, int y, Camera* camera) {
+    selectedWO = nullptr;
+    selectedWorldCoord.reset();
+    if (!ManagerWindowing::isWindowExisting()) {
+        return;
+    }
+    WO* object = nullptr;
+    renderer->updateSelection(camera, worldLst.get(), object, selectedWorldCoord, x, y);
+    selectedWO = object;
+    if (selectedWorldCoord) {
+        Report() << "Mouse Down at pixel: (" << x << "," << y
+                 << "), World coord: " << selectedWorldCoord->toString() << "...\n";
+    }
+    if (object != nullptr) {
+        Report() << "Selected WO " << object->getID() << ", '" << object->getLabel() << "'...\n";
+    }
+}
+
 void GLView::vtlShutdownEngine() {
     stopRequests().requestShutdown();
 }

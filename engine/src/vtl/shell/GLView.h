@@ -8,6 +8,7 @@
 #include <SDL.h>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -67,6 +68,9 @@ public:
     /** Builds everything anew after the frame in progress. Any thread. */
     virtual void vtlResetEngine();
 
+    /** Selects what shows at a pixel, counted from the top left, as `camera` sees it. */
+    virtual void processSelection(int x, int y, Camera* camera);
+
     virtual VantrelGLRendererBase* getRenderer() { return renderer.get(); }
     virtual void initCameraState() { camType = 0; }
     virtual void createCamera();
@@ -85,7 +89,12 @@ public:
 
     Camera* getCamera() override { return cam.get(); }
     WorldContainer* getWorldContainer() override { return worldLst.get(); }
+    /** Null when nothing is selected or it has died. */
     WO* getSelectedWO() { return selectedWO.get(); }
+    /** Where in the world the last selection was; null where that was nowhere. */
+    const Vector* getSelectedWorldCoord() const {
+        return selectedWorldCoord ? &*selectedWorldCoord : nullptr;
+    }
     /** Frames counted in the last full second. */
     std::uint32_t getFPS() const { return fps; }
 
@@ -110,7 +119,7 @@ private:
     static void shutdownManagers();
 
     WORef<WO> selectedWO;
-    std::unique_ptr<Vector> selectedWorldCoord;
+    std::optional<Vector> selectedWorldCoord;
     std::unique_ptr<Camera> cam;
     int camType = 0;
     WORef<WO> actor;
