@@ -6,6 +6,7 @@
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/ManagerWindowing.h"
 #include "vtl/scene/camera/Camera.h"
+#include "vtl/scene/light/ManagerLight.h"
 #include "vtl/scene/object/WorldContainer.h"
 
 #include <GL/glew.h>
@@ -50,7 +51,7 @@ void VantrelGLRenderer::renderSingleFrame(Camera* camera, WorldContainer* world)
 }
 
 void VantrelGLRenderer::renderScene(Camera* camera, WorldContainer* world, bool clear) {
-    startScene(clear);
+    startScene(camera, clear);
     sortWorld(camera, world);
     if (ManagerOpenGLState::areAxesVisible()) {
         drawAxes(*camera);
@@ -85,19 +86,22 @@ void VantrelGLRenderer::renderSelectionFrame(Camera* camera, WorldContainer* wor
 
 void VantrelGLRenderer::renderSelectionScene(Camera* camera, WorldContainer* world, bool clear) {
     const ScopedSingleSample singleSample;
-    startScene(clear);
+    startScene(camera, clear);
     sortWorld(camera, world);
     world->renderSelection(camera);
     flush();
 }
 
-void VantrelGLRenderer::startScene(bool clear) {
+void VantrelGLRenderer::startScene(Camera* camera, bool clear) {
     if (clear) {
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
     }
     if (ManagerOpenGLState::isCompatibilityProfile()) {
         glMatrixMode(GL_MODELVIEW);
     }
+    ManagerSDLTime::startStopwatch(Stopwatch::stage);
+    ManagerLight::synchronize(camera);
+    ManagerSDLTime::totals().lightsMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
 }
 
 void VantrelGLRenderer::sortWorld(Camera* camera, WorldContainer* world) {

@@ -26,7 +26,7 @@ public:
     void renderSelectionScene(Camera* camera, WorldContainer* world, bool clear) override;
 
 private:
-    static void startScene(bool clear);
+    static void startScene(Camera* camera, bool clear);
     static void sortWorld(Camera* camera, WorldContainer* world);
     static void flush();
     void drawAxes(const Camera& camera);

@@ -6,6 +6,7 @@
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/render/Unproject.h"
 #include "vtl/scene/camera/Camera.h"
+#include "vtl/scene/light/ManagerLight.h"
 #include "vtl/scene/object/WorldContainer.h"
 
 #include <GL/glew.h>
@@ -49,6 +50,7 @@ void VantrelGLRendererBase::updateCamera(Camera* camera) {
     }
     const CameraViewport& viewport = camera->getViewport();
     glViewport(viewport.x, viewport.y, viewport.width, viewport.height);
+    ManagerLight::writeLights();
 }
 
 WO* VantrelGLRendererBase::pickWO(const SDL_MouseButtonEvent& event, Camera* camera, WorldContainer* world) {

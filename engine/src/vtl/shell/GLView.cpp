@@ -15,6 +15,7 @@
 #include "vtl/net/NetMessengerServer.h"
 #include "vtl/render/VantrelGLRenderer.h"
 #include "vtl/scene/camera/CameraStandardEZNav.h"
+#include "vtl/scene/light/ManagerLight.h"
 #include "vtl/scene/model/ManagerModelMultiplicity.h"
 #include "vtl/scene/object/WO.h"
 #include "vtl/scene/object/WorldContainer.h"
@@ -233,6 +234,8 @@ void GLView::initDrawing() {
     constexpr std::int32_t afterRenderer = 212127;
     constexpr std::int32_t afterBuffers = 212128;
     constexpr std::int32_t afterTexture = 212129;
+    ManagerLight::init();
+    reportStep("Initialized ManagerLight...");
     initCameraState();
     createCamera();
     renderer = VantrelGLRenderer::New();
@@ -358,6 +361,7 @@ void GLView::shutdownManagers() {
     SceneHost::set(nullptr);
     ManagerGLView::shutdown();
     ManagerModelMultiplicity::shutdown();
+    ManagerLight::shutdown();
     ManagerSerializableNetMsgMap::shutdown();
     ManagerTexture::shutdown();
     ManagerShader::shutdown();
