@@ -85,7 +85,8 @@ public:
 
     Camera* getCamera() override { return cam.get(); }
     WorldContainer* getWorldContainer() override { return worldLst.get(); }
-    WO* getSelectedWO() { return selectedWO.get(); }
+    WO* getSelectedWO() override { return selectedWO.get(); }
+    const Vector* getSelectedWorldCoord() override { return selectedWorldCoord.get(); }
     /** Frames counted in the last full second. */
     std::uint32_t getFPS() const { return fps; }
 
