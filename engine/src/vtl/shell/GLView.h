@@ -69,7 +69,7 @@ public:
     virtual void vtlResetEngine();
 
     /** Selects what shows at a pixel, counted from the top left, as `camera` sees it. */
-    virtual void processSelection(int x, int y, Camera* camera);
+    void processSelection(int x, int y, Camera* camera) override;
 
     virtual VantrelGLRendererBase* getRenderer() { return renderer.get(); }
     virtual void initCameraState() { camType = 0; }
@@ -90,9 +90,9 @@ public:
     Camera* getCamera() override { return cam.get(); }
     WorldContainer* getWorldContainer() override { return worldLst.get(); }
     /** Null when nothing is selected or it has died. */
-    WO* getSelectedWO() { return selectedWO.get(); }
+    WO* getSelectedWO() override { return selectedWO.get(); }
     /** Where in the world the last selection was; null where that was nowhere. */
-    const Vector* getSelectedWorldCoord() const {
+    const Vector* getSelectedWorldCoord() override {
         return selectedWorldCoord ? &*selectedWorldCoord : nullptr;
     }
     /** Frames counted in the last full second. */

@@ -10,7 +10,6 @@ public:
     using Camera::Camera;
 
     void update() override {}
-    void startCameraBehavior() override {}
 };
 
 } // namespace Vantrel

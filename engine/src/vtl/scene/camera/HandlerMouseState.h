@@ -11,6 +11,8 @@ namespace Vantrel {
  */
 class HandlerMouseState {
 public:
+    /** With the cursor captured during drags. */
+    HandlerMouseState() { HandlerMouseState::reset(); }
     virtual ~HandlerMouseState() = default;
 
     virtual void onMouseDown(const SDL_MouseButtonEvent& event);
@@ -22,6 +24,14 @@ public:
 
     /** Where the first button of the current press went down, in pixels of the window. */
     void getMouseDownPosition(int& pressX, int& pressY) const;
+    bool isLeftDown() const { return down.left; }
+    bool isRightDown() const { return down.right; }
+    bool isMiddleDown() const { return down.middle; }
+    /** Whether it was the left button that the last press was of. */
+    bool isLeftPressed() const { return pressed.left; }
+    /** The last motion with a button held, in pixels, y downwards. */
+    int getDx() const { return dx; }
+    int getDy() const { return dy; }
     /** Motion happened since the press. */
     bool isDragging() const { return dragging; }
 

@@ -357,6 +357,10 @@ void WO::onCreate() {
 }
 
 void WO::setParentWorldObject(WO* parent) {
+    if (!parentWO) { // a lock to one that has died is none to the next
+        isLockedWRTparent = false;
+        joint.reset();
+    }
     parentWO = parent;
 }
 

@@ -101,11 +101,13 @@ public:
      */
     virtual void lockWRTparent(std::unique_ptr<WOGJoint> newJoint = nullptr);
     virtual void unLockWRTparent();
-    virtual bool getIsLockedWRTparent() const { return isLockedWRTparent; }
+    /** Whether the pose is tied to the parent's; it no longer is when the parent has died. */
+    virtual bool getIsLockedWRTparent() const { return isLockedWRTparent && parentWO; }
     virtual void rotateJointAboutZ(float radians);
     virtual void rotateJointAboutY(float radians);
     virtual void rotateJointAboutX(float radians);
-    virtual WOGJoint* getJoint() const { return joint.get(); }
+    /** Null without a joint, and when the parent that it hung on has died. */
+    virtual WOGJoint* getJoint() const { return parentWO ? joint.get() : nullptr; }
 
     /**
      * The nearest point, seen from `start`, where a line of the world meets a triangle of this object or of

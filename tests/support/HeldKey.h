@@ -1,0 +1,21 @@
+#pragma once
+
+#include <SDL.h>
+
+namespace Vantrel::Tests {
+
+/** A key that is held down while this lives. */
+class HeldKey {
+public:
+    explicit HeldKey(SDL_Scancode code) : state(const_cast<Uint8*>(SDL_GetKeyboardState(nullptr)) + code) {
+        *state = 1;
+    }
+    HeldKey(const HeldKey&) = delete;
+    HeldKey& operator=(const HeldKey&) = delete;
+    ~HeldKey() { *state = 0; }
+
+private:
+    Uint8* state;
+};
+
+} // namespace Vantrel::Tests
