@@ -1,4 +1,5 @@
 #include "vtl/geometry/IndexedGeometry.h"
+#include "vtl/scene/light/WOSkyBox.h"
 #include "vtl/scene/model/ModelDataShared.h"
 #include "vtl/scene/shape/MGLGridLinesRegular2D.h"
 #include "vtl/scene/shape/MGLPrimitiveShape.h"
@@ -201,6 +202,15 @@ TEST_F(ShapesDeathTest, LinesHaveNoParameters) {
                 "   Invoke MGLPrimitiveShape\\( WO\\* parentWO, std::vector< Vector >\\* lines, "
                 "std::vector< vtlColor4ub >\\* colors \\)\n"
                 "   instead...   Press ENTER to exit...\n");
+}
+
+TEST(WOSkyBoxDeathTest, NeedsAHolderOfACamera) {
+    EXPECT_EXIT(
+        {
+            Tests::reportToErrorOutput();
+            WOSkyBox::New("sky.bmp", nullptr);
+        },
+        ::testing::ExitedWithCode(255), "ERROR: User passed NULL cam into MGLSkyBox Constructor\n");
 }
 
 } // namespace

@@ -1,0 +1,58 @@
+#include "vtl/scene/light/MGLSkyBox.h"
+
+#include "vtl/base/ManagerEnvironmentConfiguration.h"
+#include "vtl/base/Pause.h"
+#include "vtl/base/Report.h"
+#include "vtl/geometry/IndexedGeometrySkyBox.h"
+#include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/gl/texture/ManagerTexture.h"
+#include "vtl/scene/camera/Camera.h"
+
+namespace Vantrel {
+
+MGLSkyBox::MGLSkyBox(WO* parent, std::span<const std::string> imageFiles, CameraHolder holder, float boxSize_)
+    : MGL(parent), boxSize(boxSize_), cameraHolder(holder), box(IndexedGeometrySkyBox::New(boxSize_)) {
+    if (cameraHolder == nullptr) {
+        Report() << "ERROR: User passed NULL cam into MGLSkyBox Constructor\n";
+        Pause::exitAfterKey();
+    }
+    for (const std::string& file : imageFiles) {
+        addImage(file);
+    }
+}
+
+MGLSkyBox::~MGLSkyBox() = default;
+
+void MGLSkyBox::addImage(const std::string& imageFile) {
+    ModelMeshSkin skin(
+        ManagerTexture::loadTexture(imageFile, 0, 0, true, GL_RGBA, GL_RGBA, GL_UNSIGNED_BYTE));
+    Texture& image = *skin.textures.at(0);
+    image.setMagFilter(GL_LINEAR);
+    image.setMinFilter(GL_LINEAR);
+    image.setWrapS(GL_CLAMP_TO_EDGE);
+    image.setWrapT(GL_CLAMP_TO_EDGE);
+    if (ManagerOpenGLState::isVersion32OrGreater()) {
+        const std::string path = ManagerEnvironmentConfiguration::getSharedMultimediaPath();
+        skin.setShader(GLSLShader::New(path + "/shaders/skyboxGL4.vert", path + "/shaders/skyboxGL4.frag"));
+    }
+    skins.list.push_back(skin);
+}
+
+void MGLSkyBox::render(Camera* camera) {
+    if (*cameraHolder) {
+        setTranslation((*cameraHolder)->getPosition());
+    }
+    renderGeometry(*camera, *box);
+}
+
+void MGLSkyBox::setBoxSizeFromFarPlane(float farPlane) {
+    constexpr float share = 0.575F; // half an edge, and its root of three a little less than 1
+    setBoxSize(farPlane * share);
+}
+
+void MGLSkyBox::setBoxSize(float size) {
+    boxSize = size;
+    box = IndexedGeometrySkyBox::New(boxSize);
+}
+
+} // namespace Vantrel

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "vtl/scene/model/MGL.h"
+
+#include <memory>
+#include <span>
+#include <string>
+
+namespace Vantrel {
+
+class IndexedGeometrySkyBox;
+
+/** The model of the sky: a cube around the current camera, with one skin for each image. */
+class MGLSkyBox : public MGL {
+public:
+    /** The place that holds the current camera, which may change. */
+    using CameraHolder = const std::unique_ptr<Camera>*;
+
+    /** `boxSize_` is half the edge of the cube. Without a holder the process ends after a key. */
+    MGLSkyBox(WO* parent, std::span<const std::string> imageFiles, CameraHolder holder, float boxSize_);
+    ~MGLSkyBox() override;
+
+    void render(Camera* camera) override;
+    /** The sky can't be picked. */
+    void renderSelection(Camera* /*camera*/, std::uint8_t /*r*/, std::uint8_t /*g*/,
+                         std::uint8_t /*b*/) override {}
+
+    virtual CameraHolder getCameraHolder() const { return cameraHolder; }
+    virtual void setCameraHolder(CameraHolder holder) { cameraHolder = holder; }
+    /** Takes the size that keeps the corners just within that distance. */
+    virtual void setBoxSizeFromFarPlane(float farPlane);
+    void setBoxSize(float size);
+    float getBoxSize() const { return boxSize; }
+
+private:
+    void addImage(const std::string& imageFile);
+
+    float boxSize;
+    CameraHolder cameraHolder;
+    std::unique_ptr<IndexedGeometrySkyBox> box;
+};
+
+} // namespace Vantrel

@@ -1,0 +1,65 @@
+#include "vtl/scene/light/WOSkyBox.h"
+
+#include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/scene/camera/Camera.h"
+
+#include <array>
+
+namespace Vantrel {
+
+std::unique_ptr<WOSkyBox> WOSkyBox::New(const std::string& imageFile, MGLSkyBox::CameraHolder cameraHolder) {
+    constexpr float share = 0.575F;
+    auto sky = std::make_unique<WOSkyBox>();
+    sky->onCreate(imageFile, cameraHolder, ManagerOpenGLState::getFarPlane() * share);
+    return sky;
+}
+
+void WOSkyBox::onCreate(const std::string& imageFile, MGLSkyBox::CameraHolder cameraHolder, float size) {
+    onCreate(std::span(&imageFile, 1), cameraHolder, size);
+}
+
+void WOSkyBox::onCreate(std::span<const std::string> imageFiles, MGLSkyBox::CameraHolder cameraHolder,
+                        float size) {
+    setModel(std::make_unique<MGLSkyBox>(this, imageFiles, cameraHolder, size));
+    cullable = false;
+    renderOrderType = 1;
+    setLabel("Skybox");
+}
+
+void WOSkyBox::onKeyDown(const SDL_KeyboardEvent& event) {
+    switch (event.keysym.sym) {
+    case SDLK_UP:
+    case SDLK_RIGHT:
+        getModel()->useNextSkin();
+        break;
+    case SDLK_DOWN:
+    case SDLK_LEFT:
+        getModel()->usePreviousSkin();
+        break;
+    default:
+        break;
+    }
+}
+
+void WOSkyBox::onUpdate() {
+    const Camera* const camera = skyBox().getCameraHolder()->get();
+    if (camera == nullptr) {
+        return;
+    }
+    getModel()->setTranslation(camera->getPosition());
+    if (const Vector axis = camera->getHorizontalRotationAxis(); !(axis == lastHorizontalAxis)) {
+        alignTo(axis);
+    }
+}
+
+void WOSkyBox::alignTo(const Vector& axis) {
+    lastHorizontalAxis = axis;
+    const Vector across = axis.crossProduct(unitX).normalizeMe();
+    const Vector y = across == Vector() ? unitY : across;
+    const Vector x = y.crossProduct(axis);
+    const std::array<float, 16> columns{x.x,    x.y,    x.z,    0, y.x, y.y, y.z, 0,
+                                        axis.x, axis.y, axis.z, 0, 0,   0,   0,   1};
+    getModel()->setDisplayMatrix(Mat4(columns.data()));
+}
+
+} // namespace Vantrel
