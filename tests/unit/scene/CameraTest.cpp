@@ -1,28 +1,21 @@
 #include "vtl/scene/camera/Camera.h"
 
-#include "vtl/scene/SceneHost.h"
-#include "vtl/scene/camera/HandlerMouseState.h"
 #include "vtl/scene/camera/LookAngles.h"
 #include "vtl/scene/object/WOGJoint.h"
 
-#include "tests/support/HeldKey.h"
-#include "tests/support/MouseEvents.h"
-#include "tests/support/ReportCapture.h"
-#include "tests/support/SceneModels.h"
+#include "tests/support/SelectingHost.h"
+#include "tests/support/SteeredCamera.h"
 #include "tests/unit/math/MathTesting.h"
 
 #include <array>
-#include <functional>
-#include <gtest/gtest.h>
 #include <limits>
+#include <sstream>
 
 namespace Vantrel {
 namespace {
 
-using Tests::buttonEvent;
 using Tests::expectNear;
 using Tests::HeldKey;
-using Tests::motionEvent;
 using Tests::objectAt;
 using Tests::pi;
 using Type = Camera::PROJ_MATRIX_PROJ_TYPE;
@@ -43,38 +36,17 @@ Vector seen(const Camera& camera, const Vector& point) {
     return (m * point + Vector(&m.m[12])) / w;
 }
 
-/** Selects what it is told to. */
-class Selector final : public SceneHost {
-public:
-    Selector() { SceneHost::set(this); }
-    ~Selector() { SceneHost::set(nullptr); }
-    Camera* getCamera() override { return nullptr; }
-    WorldContainer* getWorldContainer() override { return nullptr; }
-    void processSelection(int x, int y, Camera* /*camera*/) override { pixels.push_back({x, y}); }
-    WO* getSelectedWO() override { return selected; }
-    const Vector* getSelectedWorldCoord() override { return &coordinate; }
-
-    WO* selected = nullptr;
-    Vector coordinate;
-    std::vector<std::array<int, 2>> pixels;
-};
-
 class Selectable final : public WO {
 public:
     void onSelected(const SDL_MouseButtonEvent& /*event*/) override { ++selections; }
     int selections = 0;
 };
 
-class CameraTest : public ::testing::Test {
-protected:
-    static Vector leftOf(const Camera& camera) { return Tests::columnOf(camera.getDisplayMatrix(), 1); }
+using CameraTest = Tests::SteeredCamera<PlainCamera>;
 
-    Tests::ReportCapture reports;
-    HandlerMouseState mouse;
-    /** Cameras only ask whether there is one. */
-    GLView* view = reinterpret_cast<GLView*>(&mouse);
-    PlainCamera camera{view, &mouse};
-};
+Vector leftOf(const Camera& camera) {
+    return Tests::columnOf(camera.getDisplayMatrix(), 1);
+}
 
 TEST_F(CameraTest, SeesTheVolumeOfItsProjection) {
     camera.setCameraFOVy(90);
@@ -209,29 +181,26 @@ TEST_F(CameraTest, LetsNothingInThatIsNoNumberOrNoDirection) {
 
 TEST_F(CameraTest, TurnsAndStepsByDrags) {
     camera.setMouseSensitivity(100);
-    mouse.onMouseDown(buttonEvent(SDL_BUTTON_LEFT));
-    mouse.onMouseMove(motionEvent(-50, 25));
-    camera.onMouseMove({});
+    press(SDL_BUTTON_LEFT);
+    drag(-50, 25);
     const float right = 0.5F;
     const float down = 0.25F;
     expectNear(camera.getLookDirection(),
                Vector(std::cos(right) * std::cos(down), std::sin(right) * std::cos(down), -std::sin(down)),
                1e-5F);
-    mouse.onMouseUp(buttonEvent(SDL_BUTTON_LEFT));
+    letGo(SDL_BUTTON_LEFT);
     camera.setCameraLookDirection(unitX);
-    mouse.onMouseDown(buttonEvent(SDL_BUTTON_RIGHT));
+    press(SDL_BUTTON_RIGHT);
     struct Row {
         int pixels;
         float steps;
     };
     for (const Row& row : {Row{0, 0}, Row{-1, 1}, Row{-5, 1}, Row{-6, 2}, Row{1, -1}, Row{11, -3}}) {
         camera.setPosition(0, 0, 0);
-        mouse.onMouseMove(motionEvent(40, row.pixels));
-        camera.onMouseMove({});
+        drag(40, row.pixels);
         expectNear(camera.getPosition(), Vector(row.steps * 0.35F, 0, 0), 1e-5F);
     }
-    mouse.onMouseMove(motionEvent(0, std::numeric_limits<int>::min()));
-    camera.onMouseMove({});
+    drag(0, std::numeric_limits<int>::min());
     camera.setPosition(0, 0, 0);
     camera.moveLeft();
     camera.moveLeft();
@@ -241,20 +210,18 @@ TEST_F(CameraTest, TurnsAndStepsByDrags) {
 }
 
 TEST_F(CameraTest, SelectsWithLeftCtrlAlone) {
-    Selector selector;
+    Tests::SelectingHost selector;
     Selectable object;
     selector.selected = &object;
-    const SDL_MouseButtonEvent press = buttonEvent(SDL_BUTTON_LEFT, 12, 34);
-    mouse.onMouseDown(press);
-    camera.onMouseDown(press);
+    press(SDL_BUTTON_LEFT, 12, 34);
     EXPECT_EQ(object.selections, 0);
     const HeldKey ctrl(SDL_SCANCODE_LCTRL);
-    camera.onMouseDown(press);
+    camera.onMouseDown({});
     EXPECT_EQ(object.selections, 1);
     ASSERT_EQ(selector.pixels.size(), 1U);
     EXPECT_EQ(selector.pixels[0], (std::array<int, 2>{12, 34}));
     SceneHost::set(nullptr);
-    camera.onMouseDown(press);
+    camera.onMouseDown({});
     EXPECT_EQ(reports.text(), "");
 }
 

@@ -4,7 +4,6 @@
 #include "tests/support/ReportCapture.h"
 
 #include <gtest/gtest.h>
-#include <limits>
 
 namespace Vantrel {
 namespace {
