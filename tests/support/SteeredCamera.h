@@ -1,13 +1,16 @@
 #pragma once
 
+#include "vtl/scene/SceneHost.h"
 #include "vtl/scene/camera/HandlerMouseState.h"
 
-#include "tests/support/HeldKey.h"
-#include "tests/support/MouseEvents.h"
 #include "tests/support/ReportCapture.h"
 #include "tests/support/SceneModels.h"
+#include "tests/unit/math/MathTesting.h"
 
+#include <SDL.h>
 #include <gtest/gtest.h>
+#include <memory>
+#include <vector>
 
 namespace Vantrel {
 class GLView;
@@ -15,27 +18,61 @@ class GLView;
 
 namespace Vantrel::Tests {
 
-/** A camera that hears of the mouse as it does in the application: after the mouse state. */
+/** A key that is held down while this lives. */
+class HeldKey {
+public:
+    explicit HeldKey(SDL_Scancode code, bool isHeld = true)
+        : state(const_cast<Uint8*>(SDL_GetKeyboardState(nullptr)) + code) {
+        *state = isHeld ? 1 : 0;
+    }
+    HeldKey(const HeldKey&) = delete;
+    HeldKey& operator=(const HeldKey&) = delete;
+    ~HeldKey() { *state = 0; }
+
+private:
+    Uint8* state;
+};
+
+/** A camera that hears of the mouse after the mouse state, and selects what it is told to. */
 template <class Steered>
-class SteeredCamera : public ::testing::Test {
+class SteeredCamera : public ::testing::Test, public SceneHost {
 protected:
+    SteeredCamera() { SceneHost::set(this); }
+    ~SteeredCamera() override { SceneHost::set(nullptr); }
+
+    Camera* getCamera() override { return nullptr; }
+    WorldContainer* getWorldContainer() override { return nullptr; }
+    void processSelection(int x, int y, Camera* /*camera*/) override { asked.emplace_back(x, y, 0); }
+    WO* getSelectedWO() override { return selected; }
+    const Vector* getSelectedWorldCoord() override { return &coordinate; }
+
     void press(int button, int x = 0, int y = 0) {
-        const SDL_MouseButtonEvent event = buttonEvent(button, x, y);
+        SDL_MouseButtonEvent event{};
+        event.button = static_cast<Uint8>(button);
+        event.x = x;
+        event.y = y;
         mouse.onMouseDown(event);
         camera.onMouseDown(event);
     }
     void letGo(int button) {
-        const SDL_MouseButtonEvent event = buttonEvent(button);
+        SDL_MouseButtonEvent event{};
+        event.button = static_cast<Uint8>(button);
         mouse.onMouseUp(event);
         camera.onMouseUp(event);
     }
     void drag(int dx, int dy) {
-        const SDL_MouseMotionEvent event = motionEvent(dx, dy);
+        SDL_MouseMotionEvent event{};
+        event.xrel = dx;
+        event.yrel = dy;
         mouse.onMouseMove(event);
         camera.onMouseMove(event);
     }
 
     ReportCapture reports;
+    WO* selected = nullptr;
+    Vector coordinate;
+    /** Pixels that were asked for. */
+    std::vector<VectorT<int>> asked;
     HandlerMouseState mouse;
     /** Cameras only ask whether there is one. */
     GLView* view = reinterpret_cast<GLView*>(&mouse);

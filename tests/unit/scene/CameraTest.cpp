@@ -3,19 +3,14 @@
 #include "vtl/scene/camera/LookAngles.h"
 #include "vtl/scene/object/WOGJoint.h"
 
-#include "tests/support/SelectingHost.h"
 #include "tests/support/SteeredCamera.h"
-#include "tests/unit/math/MathTesting.h"
 
-#include <array>
 #include <limits>
-#include <sstream>
 
 namespace Vantrel {
 namespace {
 
 using Tests::expectNear;
-using Tests::HeldKey;
 using Tests::objectAt;
 using Tests::pi;
 using Type = Camera::PROJ_MATRIX_PROJ_TYPE;
@@ -27,25 +22,17 @@ class PlainCamera final : public Camera {
 public:
     using Camera::Camera;
     void update() override {}
-};
-
-/** Where `point` of the world lands in the cube from -1 to 1. */
-Vector seen(const Camera& camera, const Vector& point) {
-    const Mat4& m = camera.getShaderCamera().getViewProjectionMatrix();
-    const float w = m[3] * point.x + m[7] * point.y + m[11] * point.z + m[15];
-    return (m * point + Vector(&m.m[12])) / w;
-}
-
-class Selectable final : public WO {
-public:
     void onSelected(const SDL_MouseButtonEvent& /*event*/) override { ++selections; }
     int selections = 0;
 };
 
 using CameraTest = Tests::SteeredCamera<PlainCamera>;
 
-Vector leftOf(const Camera& camera) {
-    return Tests::columnOf(camera.getDisplayMatrix(), 1);
+/** Where `point` of the world lands in the cube from -1 to 1. */
+Vector seen(const Camera& camera, const Vector& point) {
+    const Mat4& m = camera.getShaderCamera().getViewProjectionMatrix();
+    const float w = m[3] * point.x + m[7] * point.y + m[11] * point.z + m[15];
+    return (m * point + Vector(&m.m[12])) / w;
 }
 
 TEST_F(CameraTest, SeesTheVolumeOfItsProjection) {
@@ -58,8 +45,7 @@ TEST_F(CameraTest, SeesTheVolumeOfItsProjection) {
     camera.updateCameraMatrices();
     expectNear(seen(camera, Vector(10 + 2, 20 + 1, 30 + 1)), Vector(1, 1, -1), 1e-4F);
     expectNear(seen(camera, Vector(10 - 200, 20 + 100, 30 - 100)), Vector(-1, -1, 1), 1e-4F);
-    const float reach = camera.getFrustum().getPlaneCoef(5);
-    EXPECT_NEAR(reach, 120, 0.001F);
+    EXPECT_NEAR(camera.getFrustum().getPlaneCoef(5), 120, 0.001F);
     camera.setOrthographicPlanes(-4, 8, -2, 6, 1, 101);
     camera.setProjectionType(Type::pmptORTHOGRAPHIC);
     expectNear(camera.getProjectionMatrix(), camera.getGUIProjectionMatrix(), 0);
@@ -71,26 +57,12 @@ TEST_F(CameraTest, SeesTheVolumeOfItsProjection) {
     camera.setCameraHorzFOV(70);
     EXPECT_NEAR(camera.getCameraHorzFOV(), 70, 1e-4F);
     EXPECT_LT(camera.getCameraFOVy(), 40);
-    const Mat4 view16;
-    camera.setViewMatrix(view16.m.data());
-    expectNear(camera.getShaderCamera().getViewProjectionMatrix(), camera.getProjectionMatrix(), 0);
-}
-
-TEST_F(CameraTest, FallsBackToPerspectiveForAnUnknownProjection) {
-    camera.setProjectionType(Type::pmptORTHOGRAPHIC);
     camera.setProjectionType(static_cast<Type>(7));
     camera.updateProjectionMatrix();
-    EXPECT_EQ(camera.getProjectionMatrix()[11], -1);
-    EXPECT_EQ(reports.text(),
-              "WARNING: Vantrel::Camera::updateProjectionMatrix()... this->camProjectionType\n"
-              "   is set to an invalid alue of 7\n"
-              "   valid values are Camera::PROJ_MATRIX_PROJ_TYPE::pmptPERSPECTIVE or "
-              "Camera::PROJ_MATRIX_PROJ_TYPE::pmptORTHOGRAPHIC, updating using "
-              "Vantrel::Camera::updateProjectionMatrixUsingPerspectiveProjection()...\n");
-    std::ostringstream name;
-    name << static_cast<Type>(7);
-    EXPECT_EQ(name.str().find("Camera::PROJ_MATRIX_PROJ_TYPE::  ERROR type not found for 7, Camera.cpp:"),
-              0U);
+    EXPECT_EQ(camera.getProjectionMatrix()[11], -1) << "perspective";
+    EXPECT_TRUE(reports.contains("   is set to an invalid alue of 7\n   valid values are "
+                                 "Camera::PROJ_MATRIX_PROJ_TYPE::pmptPERSPECTIVE or "
+                                 "Camera::PROJ_MATRIX_PROJ_TYPE::pmptORTHOGRAPHIC, updating using "));
 }
 
 TEST_F(CameraTest, TakesAzimuthAndElevationWithinTheTolerance) {
@@ -100,11 +72,9 @@ TEST_F(CameraTest, TakesAzimuthAndElevationWithinTheTolerance) {
         float elevation;
     };
     for (const Row& row :
-         {Row{{1, 0, 0}, 0, 0}, Row{{-1, 0.0009F, 0}, pi, 0}, Row{{0, 5, 0}, pi / 2, 0},
-          Row{{0.0009F, -5, 0}, 1.5F * pi, 0}, Row{{1, 1, 0}, pi / 4, 0}, Row{{-1, 1, 0}, 0.75F * pi, 0},
-          Row{{-1, -1, 0}, 1.25F * pi, 0}, Row{{1, -1, 0}, 1.75F * pi, 0}, Row{{0, 0, 1}, 0, 0},
-          Row{{0.0005F, 0.0005F, -1}, 0, 0}, Row{{3, 4, 5}, std::atan(4 / 3.0F), -pi / 4},
-          Row{{-3, 4, -5}, pi - std::atan(4 / 3.0F), pi / 4}}) {
+         {Row{{-1, 0.0009F, 0}, pi, 0}, Row{{0, 5, 0}, pi / 2, 0}, Row{{0.0009F, -5, 0}, 1.5F * pi, 0},
+          Row{{-1, -1, 0}, 1.25F * pi, 0}, Row{{0, 0, 1}, 0, 0}, Row{{0.0005F, 0.0005F, -1}, 0, 0},
+          Row{{3, 4, 5}, std::atan(4 / 3.0F), -pi / 4}, Row{{-3, 4, -5}, pi - std::atan(4 / 3.0F), pi / 4}}) {
         EXPECT_NEAR(azimuthOf(row.v), row.azimuth, 1e-6F) << row.v.toString();
         EXPECT_NEAR(elevationOf(row.v), row.elevation, 1e-6F) << row.v.toString();
     }
@@ -113,24 +83,21 @@ TEST_F(CameraTest, TakesAzimuthAndElevationWithinTheTolerance) {
 TEST_F(CameraTest, LooksWhereItIsTold) {
     Tests::RandomInput random;
     camera.setPosition(1, 2, 3);
-    for (int i = 0; i < 200; ++i) {
-        const Vector direction = Tests::randomDirection(random);
+    for (int i = 0; i < 102; ++i) {
+        const Vector direction = i < 2 ? unitZ * (i == 0 ? 1.0F : -1.0F) : Tests::randomDirection(random);
         camera.setCameraLookAtPoint(camera.getPosition() + direction * 7);
         Tests::expectRotation(camera.getDisplayMatrix());
         expectNear(camera.getLookDirection(), direction, 1e-5F);
-        EXPECT_NEAR(leftOf(camera).z, 0, 2e-3F) << "level";
-        EXPECT_GE(camera.getNormalDirection().z, 0) << "upright";
-        const Vector ahead = camera.getViewMatrix() * direction;
-        expectNear(ahead, Vector(0, 0, -1), 1e-4F);
+        EXPECT_NEAR(camera.getDisplayMatrix()[6], 0, 2e-3F) << "level";
+        EXPECT_GE(camera.getNormalDirection().z, -1e-6F) << "upright";
+        expectNear(camera.getViewMatrix() * direction, Vector(0, 0, -1), 1e-4F);
         camera.setCameraNormalDirection(Vector(1, 0, 0.5F));
         expectNear(camera.getNormalDirection(), Vector(1, 0, 0.5F).normalizeMe(), 1e-5F);
         Tests::expectRotation(camera.getDisplayMatrix());
     }
-    camera.setHorizontalRotationAxis(Vector(0, 2, 0));
-    camera.setCameraLookDirection(unitZ);
-    expectNear(camera.getHorizontalRotationAxis(), unitY, 0);
-    camera.setHorizontalRotationAxis(unitX);
-    expectNear(camera.getLookDirection(), unitZ, 1e-5F);
+    camera.setCameraLookDirection(unitY);
+    camera.setHorizontalRotationAxis(unitX * 2);
+    expectNear(camera.getLookDirection(), unitY, 1e-5F);
     expectNear(camera.getNormalDirection(), unitX, 1e-5F);
 }
 
@@ -138,55 +105,45 @@ TEST_F(CameraTest, LetsNothingInThatIsNoNumberOrNoDirection) {
     camera.setPosition(1, 2, 3);
     camera.setCameraLookDirection(Vector(1, 2, 0));
     camera.updateCameraMatrices();
-    const ShaderCamera before = camera.getShaderCamera();
-    const auto same = [&](const char* what) {
-        camera.updateCameraMatrices();
-        expectNear(camera.getShaderCamera().getViewProjectionMatrix(), before.getViewProjectionMatrix(),
-                   1e-5F);
-        EXPECT_FALSE(::testing::Test::HasFailure()) << what;
-    };
-    for (const float bad : {nan, infinity, 0.0F}) {
+    const Mat4 before = camera.getShaderCamera().getViewProjectionMatrix();
+    for (const float bad : {0.0F, nan, infinity}) {
         camera.setCameraAspectRatio(bad);
+        camera.setCameraFOVy(bad);
         camera.setMouseSensitivity(bad);
         camera.setCameraLookDirection(Vector(bad, 0, 0));
+        camera.setCameraLookAtPoint(camera.getPosition() + Vector(0, bad, 0));
         camera.setCameraNormalDirection(Vector(0, 0, bad));
         camera.setHorizontalRotationAxis(Vector(0, bad, 0));
-        camera.moveInLookDirection(bad);
-        same("a bad number");
-    }
-    for (const float bad : {nan, infinity}) {
-        camera.setCameraFOVy(bad);
-        camera.setCameraHorzFOV(bad);
-        camera.setCameraNearClippingPlaneDistance(bad);
-        camera.setCameraFarClippingPlaneDistance(bad);
-        camera.setOrthographicPlanes(bad, bad, bad, bad, bad, bad);
-        camera.setPosition(bad, 0, 0);
         camera.moveRelative(Vector(0, bad, 0));
-        camera.setCameraVelocity(bad);
-        camera.attachCameraToWO(&camera, Vector());
-        camera.attachCameraToWO(objectAt(Vector()).get(), Vector(0, 0, bad));
-        same("no number");
+        camera.setOrthographicPlanes(bad, bad, bad, bad, 0.1F, 1000);
+        camera.updateCameraMatrices();
+        expectNear(camera.getShaderCamera().getViewProjectionMatrix(), before, 1e-5F);
     }
-    camera.setCameraLookAtPoint(camera.getPosition());
-    same("its own position");
-    camera.setCameraFOVy(0);
-    same("a view without height");
-    for (const float z : {1.0F, -1.0F}) {
-        camera.setCameraLookDirection(Vector(0, 0, z));
-        expectNear(camera.getLookDirection(), Vector(0, 0, z), 1e-6F);
-        Tests::expectRotation(camera.getDisplayMatrix());
-        expectNear(leftOf(camera), unitY, 1e-6F);
-    }
+    const auto object = objectAt(Vector());
+    camera.attachCameraToWO(&camera, Vector());
+    camera.attachCameraToWO(object.get(), Vector(0, 0, nan));
+    EXPECT_EQ(camera.getJoint(), nullptr);
+}
+
+TEST_F(CameraTest, KnowsTheMouse) {
+    drag(3, 4);
+    press(SDL_BUTTON_LEFT);
+    EXPECT_TRUE(mouse.isLeftPressed() && !mouse.isDragging() && mouse.getDx() == 0);
+    drag(3, -4);
+    press(SDL_BUTTON_RIGHT);
+    EXPECT_TRUE(mouse.isLeftDown() && !mouse.isLeftPressed());
+    letGo(SDL_BUTTON_LEFT);
+    EXPECT_TRUE(mouse.isRightDown() && mouse.isDragging() && mouse.getDx() == 3 && mouse.getDy() == -4);
+    letGo(SDL_BUTTON_RIGHT);
+    EXPECT_TRUE(!mouse.isRightDown() && !mouse.isDragging() && mouse.getDx() == 0 && mouse.getDy() == 0);
 }
 
 TEST_F(CameraTest, TurnsAndStepsByDrags) {
     camera.setMouseSensitivity(100);
     press(SDL_BUTTON_LEFT);
     drag(-50, 25);
-    const float right = 0.5F;
-    const float down = 0.25F;
     expectNear(camera.getLookDirection(),
-               Vector(std::cos(right) * std::cos(down), std::sin(right) * std::cos(down), -std::sin(down)),
+               Vector(std::cos(0.5F) * std::cos(0.25F), std::sin(0.5F) * std::cos(0.25F), -std::sin(0.25F)),
                1e-5F);
     letGo(SDL_BUTTON_LEFT);
     camera.setCameraLookDirection(unitX);
@@ -203,42 +160,25 @@ TEST_F(CameraTest, TurnsAndStepsByDrags) {
     drag(0, std::numeric_limits<int>::min());
     camera.setPosition(0, 0, 0);
     camera.moveLeft();
-    camera.moveLeft();
-    camera.moveRight();
     camera.moveOppositeLookDirection(2);
     expectNear(camera.getPosition(), Vector(-2, 0.35F, 0), 1e-5F);
 }
 
 TEST_F(CameraTest, SelectsWithLeftCtrlAlone) {
-    Tests::SelectingHost selector;
-    Selectable object;
-    selector.selected = &object;
+    selected = &camera;
     press(SDL_BUTTON_LEFT, 12, 34);
-    EXPECT_EQ(object.selections, 0);
-    const HeldKey ctrl(SDL_SCANCODE_LCTRL);
+    press(SDL_BUTTON_RIGHT, 5, 6);
+    EXPECT_EQ(camera.selections, 0);
+    const Tests::HeldKey ctrl(SDL_SCANCODE_LCTRL);
     camera.onMouseDown({});
-    EXPECT_EQ(object.selections, 1);
-    ASSERT_EQ(selector.pixels.size(), 1U);
-    EXPECT_EQ(selector.pixels[0], (std::array<int, 2>{12, 34}));
-    SceneHost::set(nullptr);
-    camera.onMouseDown({});
-    EXPECT_EQ(reports.text(), "");
-}
-
-TEST_F(CameraTest, WarnsWithoutMouseOrView) {
-    PlainCamera deaf(view, nullptr);
-    deaf.onMouseDown({});
-    deaf.onMouseUp({});
-    deaf.onMouseWheelScroll({});
-    deaf.onMouseMove({});
-    PlainCamera blind(nullptr, &mouse);
-    blind.onMouseDown({});
+    EXPECT_EQ(camera.selections, 1);
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_TRUE(asked[0].x == 12 && asked[0].y == 34);
+    PlainCamera(nullptr, &mouse).onMouseDown({});
+    PlainCamera(view, nullptr).onMouseMove({});
     EXPECT_EQ(reports.text(),
-              "WARNING: Camera has NULL mouseHandler. Ignoring Vantrel::Camera::onMouseDown()...\n"
-              "WARNING: Camera has NULL mouseHandler. Ignoring Vantrel::Camera::onMouseUp()...\n"
-              "WARNING: Camera has NULL mouseHandler. Ignoring Vantrel::Camera::onMouseWheelScroll()...\n"
-              "WARNING: Camera has NULL mouseHandler. Ignoring Vantrel::Camera::onMouseMove()...\n"
-              "WARNING: Camera has NULL glView. Ignoring Vantrel::Camera::onMouseDown()...\n");
+              "WARNING: Camera has NULL glView. Ignoring Vantrel::Camera::onMouseDown()...\n"
+              "WARNING: Camera has NULL mouseHandler. Ignoring Vantrel::Camera::onMouseMove()...\n");
 }
 
 TEST_F(CameraTest, RefusesToBeTurnedWhileAttached) {
@@ -249,7 +189,6 @@ TEST_F(CameraTest, RefusesToBeTurnedWhileAttached) {
               "distance\n\tno value set...\n\n");
     camera.attachCameraToWO(object.get(), Vector(6, 1, 0));
     expectNear(camera.getJoint()->getAnchorWorld(), Vector(6, 1, 0), 1e-6F);
-    EXPECT_EQ(camera.getActorDistance(), 1);
     camera.setActorDistance(3);
     EXPECT_EQ(camera.getActorDistance(), 3);
     reports.clear();
@@ -260,10 +199,7 @@ TEST_F(CameraTest, RefusesToBeTurnedWhileAttached) {
     camera.setCameraLookDirection(unitY);
     camera.setCameraNormalPoint(unitY);
     camera.setCameraNormalDirection(unitY);
-    for (const char* const name :
-         {"setCameraLookDirection\n", "setCameraNormalPoint\n", "setCameraNormalDirection\n"}) {
-        EXPECT_TRUE(reports.contains(std::string("Returning from Vantrel::Camera::") + name));
-    }
+    EXPECT_EQ(reports.count("w/ no action taken...\n"), 4U);
     expectNear(camera.getDisplayMatrix(), Mat4(), 0);
 }
 
@@ -278,15 +214,13 @@ TEST_F(CameraTest, LeavesAnObjectAndOutlivesIt) {
         auto object = objectAt(Vector(5, 0, 0));
         camera.attachCameraToWO(object.get(), camera.getPosition());
         EXPECT_TRUE(camera.getIsLockedWRTparent());
-        EXPECT_EQ(object->getChildList().size(), 0U);
         if (dies) {
             object.reset();
         } else {
             camera.detachCameraFromWO();
         }
-        EXPECT_FALSE(camera.getIsLockedWRTparent());
-        EXPECT_EQ(camera.getJoint(), nullptr);
-        EXPECT_EQ(camera.getParentWorldObject(), nullptr);
+        EXPECT_TRUE(!camera.getIsLockedWRTparent() && camera.getJoint() == nullptr &&
+                    camera.getParentWorldObject() == nullptr);
         expectNear(camera.getPosition(), Vector(1, 2, 3), 0);
         expectNear(camera.getDisplayMatrix(), orientation, 0);
         expectNear(child.getPosition(), Vector(2, 2, 3), 0);
@@ -294,22 +228,6 @@ TEST_F(CameraTest, LeavesAnObjectAndOutlivesIt) {
     const auto next = objectAt(Vector());
     camera.setParentWorldObject(next.get());
     EXPECT_FALSE(camera.getIsLockedWRTparent()) << "the joint went with the object that it hung on";
-}
-
-TEST_F(CameraTest, TellsWhoDoesNotStartABehaviour) {
-    {
-        const auto actor = objectAt(Vector());
-        camera.setActorToWatch(actor.get());
-        EXPECT_EQ(camera.getActorToWatch(), actor.get());
-    }
-    EXPECT_EQ(camera.getActorToWatch(), nullptr);
-    EXPECT_EQ(reports.text(), "Overload Vantrel::Camera::startCameraBehavior() within a\n"
-                              "Camera that needs to compute any initial information\n"
-                              "before update is invoked during each render. For example\n"
-                              "if this camera chases a WO; compute any initial data that\n"
-                              "Vantrel::Camera::update() may utilize. If no need for this exists\n"
-                              "simply overload this method with an empty body in your own\n"
-                              "Camera subclass.\n");
 }
 
 } // namespace
