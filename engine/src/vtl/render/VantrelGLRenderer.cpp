@@ -58,6 +58,8 @@ void VantrelGLRenderer::renderScene(Camera* camera, WorldContainer* world, bool 
     }
     world->render(camera);
     ManagerSDLTime::startStopwatch(Stopwatch::stageOfObjects);
+    camera->render(camera);
+    ManagerSDLTime::totals().renderingCameraMs += ManagerSDLTime::restartStopwatch(Stopwatch::stageOfObjects);
     world->renderGUI(camera);
     ManagerSDLTime::totals().guiMs += ManagerSDLTime::readStopwatch(Stopwatch::stageOfObjects);
     flush();
@@ -89,6 +91,7 @@ void VantrelGLRenderer::renderSelectionScene(Camera* camera, WorldContainer* wor
     startScene(camera, clear);
     sortWorld(camera, world);
     world->renderSelection(camera);
+    camera->renderSelection(camera);
     flush();
 }
 
