@@ -3,6 +3,7 @@
 #include "vtl/base/Pause.h"
 #include "vtl/base/Report.h"
 #include "vtl/gl/IndexArray.h"
+#include "vtl/math/VectorChecks.h"
 
 #include <algorithm>
 #include <array>
@@ -78,10 +79,6 @@ void requireSourceFor(GLenum wanted, GLenum source) {
 void store(std::byte* at, const Vector& v) {
     const std::array<float, 3> components{v.x, v.y, v.z};
     std::memcpy(at, components.data(), vectorBytes);
-}
-
-bool isFinite(const Vector& v) {
-    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
 }
 
 Vector normalizedOrZero(Vector v) {

@@ -5,7 +5,7 @@
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/ManagerWindowing.h"
 #include "vtl/math/MatrixBuilders.h"
-#include "vtl/math/ScalarComparison.h"
+#include "vtl/math/VectorChecks.h"
 #include "vtl/scene/SceneHost.h"
 #include "vtl/scene/camera/HandlerMouseState.h"
 #include "vtl/scene/camera/HeldKeys.h"
@@ -21,10 +21,6 @@ namespace {
 
 constexpr float radiansPerDegree = 0.017453292F;
 constexpr float degreesPerRadian = 57.295776F;
-
-bool isFinite(const Vector& v) {
-    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
-}
 
 bool isFinite(const Mat4& matrix) {
     return std::ranges::all_of(matrix.m, [](float element) { return std::isfinite(element); });
@@ -43,19 +39,6 @@ void setIfFinite(float& field, float value) {
     if (std::isfinite(value)) {
         field = value;
     }
-}
-
-/** Whether `v`, which has been normalised, is a direction. */
-bool isDirection(const Vector& v) {
-    return isNearlyEqual(v.magnitudeSquared(), 1.0F, 0.01F);
-}
-
-/** Whether `upper` is `object` or stands above it. */
-bool isAtOrAbove(const WO& upper, const WO* object) {
-    while (object != nullptr && object != &upper) {
-        object = object->getParentWorldObject();
-    }
-    return object != nullptr;
 }
 
 void warnOfNull(const char* what, const char* operation) {
@@ -201,7 +184,7 @@ void Camera::changeLookDirection(int dx, int dy) {
 }
 
 void Camera::attachCameraToWO(WO* object, const Vector& point) {
-    if (object == nullptr || isAtOrAbove(*this, object) || !isFinite(point)) {
+    if (object == nullptr || object->isInTreeOf(*this) || !isFinite(point)) {
         return;
     }
     setParentWorldObject(object);

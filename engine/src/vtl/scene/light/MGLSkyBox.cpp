@@ -45,11 +45,6 @@ void MGLSkyBox::render(Camera* camera) {
     renderGeometry(*camera, *box);
 }
 
-void MGLSkyBox::setBoxSizeFromFarPlane(float farPlane) {
-    constexpr float share = 0.575F; // half an edge, and its root of three a little less than 1
-    setBoxSize(farPlane * share);
-}
-
 void MGLSkyBox::setBoxSize(float size) {
     boxSize = size;
     box = IndexedGeometrySkyBox::New(boxSize);

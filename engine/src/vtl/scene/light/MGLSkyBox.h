@@ -27,8 +27,9 @@ public:
 
     virtual CameraHolder getCameraHolder() const { return cameraHolder; }
     virtual void setCameraHolder(CameraHolder holder) { cameraHolder = holder; }
-    /** Takes the size that keeps the corners just within that distance. */
-    virtual void setBoxSizeFromFarPlane(float farPlane);
+    /** The size that keeps the corners just within that distance. */
+    static float sizeFor(float farPlane) { return farPlane * 0.575F; }
+    virtual void setBoxSizeFromFarPlane(float farPlane) { setBoxSize(sizeFor(farPlane)); }
     void setBoxSize(float size);
     float getBoxSize() const { return boxSize; }
 

@@ -8,9 +8,8 @@
 namespace Vantrel {
 
 std::unique_ptr<WOSkyBox> WOSkyBox::New(const std::string& imageFile, MGLSkyBox::CameraHolder cameraHolder) {
-    constexpr float share = 0.575F;
     auto sky = std::make_unique<WOSkyBox>();
-    sky->onCreate(imageFile, cameraHolder, ManagerOpenGLState::getFarPlane() * share);
+    sky->onCreate(imageFile, cameraHolder, MGLSkyBox::sizeFor(ManagerOpenGLState::getFarPlane()));
     return sky;
 }
 

@@ -8,7 +8,7 @@
 #include "vtl/gl/ScopedSelectionColor.h"
 #include "vtl/gl/texture/ManagerTexture.h"
 #include "vtl/math/MatrixBuilders.h"
-#include "vtl/math/ScalarComparison.h"
+#include "vtl/math/VectorChecks.h"
 #include "vtl/scene/SceneHost.h"
 #include "vtl/scene/camera/Camera.h"
 #include "vtl/scene/model/ManagerModelMultiplicity.h"
@@ -39,11 +39,6 @@ void scaleColumns(Mat4& matrix, const Vector& scale) {
 Vector acrossOr(const Vector& spare, const Vector& a, const Vector& b) {
     const Vector across = a.normalizeMe().crossProduct(b.normalizeMe()).normalizeMe();
     return isNearZero(across.magnitudeSquared()) ? spare.normalizeMe() : across;
-}
-
-/** Whether `direction`, which has been normalised, is one. */
-bool isDirection(const Vector& direction) {
-    return isNearlyEqual(direction.magnitudeSquared(), 1.0F, 0.01F);
 }
 
 /** Draws without writing depths, where a model asks for that; the shadow map is made of depths alone. */

@@ -364,6 +364,14 @@ void WO::setParentWorldObject(WO* parent) {
     parentWO = parent;
 }
 
+bool WO::isInTreeOf(const WO& upper) const {
+    const WO* object = this;
+    while (object != nullptr && object != &upper) {
+        object = object->getParentWorldObject();
+    }
+    return object != nullptr;
+}
+
 void WO::getSelectionColor(std::uint8_t& r, std::uint8_t& g, std::uint8_t& b) const {
     selectionColorOf(woID, r, g, b);
 }

@@ -136,6 +136,8 @@ public:
     const std::string& getLabel() const override { return label; }
     WO* getParentWorldObject() const { return parentWO.get(); }
     void setParentWorldObject(WO* parent);
+    /** Whether this is `upper` or stands somewhere below it. */
+    bool isInTreeOf(const WO& upper) const;
     WorldObjectChildContainer& getChildList() { return childList; }
     const WorldObjectChildContainer& getChildList() const { return childList; }
     /** Hands a child over; the object stays good as long as it is one. */

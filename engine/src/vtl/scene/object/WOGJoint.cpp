@@ -52,21 +52,6 @@ void WOGJoint::checkParent() const {
     }
 }
 
-void WOGJoint::rotateAboutZ(float radians) {
-    rotZ += radians;
-    rotateAbout(2, radians);
-}
-
-void WOGJoint::rotateAboutY(float radians) {
-    rotY += radians;
-    rotateAbout(1, radians);
-}
-
-void WOGJoint::rotateAboutX(float radians) {
-    rotX += radians;
-    rotateAbout(0, radians);
-}
-
 void WOGJoint::rotateAbout(std::size_t column, float radians) {
     rotateAboutAxis(columnOf(column).normalizeMe(), radians, jointMatrix);
 }

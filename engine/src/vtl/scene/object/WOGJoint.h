@@ -29,9 +29,9 @@ public:
     virtual ~WOGJoint();
 
     /** Turns the joint about one of its present axes; the child follows in the next update. */
-    void rotateAboutZ(float radians);
-    void rotateAboutY(float radians);
-    void rotateAboutX(float radians);
+    void rotateAboutZ(float radians) { rotateAbout(2, radians); }
+    void rotateAboutY(float radians) { rotateAbout(1, radians); }
+    void rotateAboutX(float radians) { rotateAbout(0, radians); }
     void resetRotation() { jointMatrix.setIdentity(); }
     /** Puts the child where the joint holds it, with its own children. */
     void updateChildPose();
@@ -42,15 +42,8 @@ public:
     /** The joint's X and Z axes in the world. */
     Vector getLookDirection() const { return axisInWorld(0); }
     Vector getNormalDirection() const { return axisInWorld(2); }
-    /** Sums of the angles turned, in radians. */
-    float getRotZ() const { return rotZ; }
-    float getRotY() const { return rotY; }
-    float getRotX() const { return rotX; }
     float getScale() const { return jointScale; }
     void setScale(float scale) { jointScale = scale; }
-    /** From the anchor to the child, in the parent's frame, before the joint's rotation. */
-    const Vector& getOffset() const { return offset; }
-    const Vector& getAnchor() const { return anchor; }
 
     /** Whether the axes are drawn. */
     bool visible = false;
@@ -63,9 +56,7 @@ private:
 
     WORef<WO> child;
     WORef<WO> parent;
-    float rotZ = 0.0F;
-    float rotY = 0.0F;
-    float rotX = 0.0F;
+    /** From the anchor to the child, in the parent's frame, before the joint's rotation. */
     Vector offset;
     Vector anchor;
     float jointScale = 1.0F;

@@ -16,14 +16,6 @@ WO* rootOf(WO* object) {
     return object;
 }
 
-/** Whether `object` or somebody above it is `candidate`. */
-bool isAncestor(const WO* candidate, const WO* object) {
-    while (object != nullptr && object != candidate) {
-        object = object->getParentWorldObject();
-    }
-    return object != nullptr;
-}
-
 void tellWorldOfChild(WO* child) {
     WorldContainer* const world = SceneHost::findWorld();
     if (world == nullptr) {
@@ -51,7 +43,7 @@ void WorldObjectChildContainer::push_back(WO* child) {
         WorldObjectContainer::push_back(nullptr);
         return;
     }
-    if (isAncestor(child, parentWO)) {
+    if (parentWO->isInTreeOf(*child)) {
         Report() << "WARNING: WorldObjectChildContainer::push_back( WO* child )...\n"
                  << "   '" << child->getLabel() << "' has this WO below it, not inserting...\n";
         return;
