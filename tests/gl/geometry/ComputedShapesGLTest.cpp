@@ -93,6 +93,9 @@ protected:
 };
 
 TEST_P(ComputedShapesGLTest, LookAsInTheFixedFunctions) {
+    if (!GetParam().isShaderPath()) {
+        GTEST_SKIP() << "these are the fixed functions";
+    }
     const std::vector<PixelPicture> shown = drawAll();
     EXPECT_EQ(checkGLError(0), 0U);
     Tests::stopGL();

@@ -135,6 +135,9 @@ protected:
 };
 
 TEST_P(ShapesGLTest, LookAsInTheFixedFunctions) {
+    if (!isShaderPath()) {
+        GTEST_SKIP() << "these are the fixed functions";
+    }
     WOQuad::New(0, imageFile, 1, 1); // whose image stays
     const Tests::GLObjectCount before = Tests::countGLObjects();
     const std::vector<PixelPicture> shown = drawAll();
