@@ -4,13 +4,10 @@
 #include "tests/support/GLObjectCount.h"
 #include "tests/support/PixelReading.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/WindowQuad.h"
+#include "tests/support/UnlitQuad.h"
 #include "vtl/base/ManagerSDLTime.h"
 #include "vtl/base/TickSource.h"
 #include "vtl/gl/DebugView.h"
-#include "vtl/gl/shader/GLSLUniformBlockCameraTransforms.h"
-#include "vtl/gl/shader/GLSLUniformBlockLightInfo.h"
-#include "vtl/gl/shader/GLSLUniformBlockT.h"
 
 #include <SDL_image.h>
 #include <gtest/gtest.h>
@@ -83,25 +80,6 @@ protected:
     std::string png(const char* name, int width, int height, bool isGrey = false) {
         IMG_SavePNG(image(width, height, isGrey).get(), folder.path(name).c_str());
         return folder.path(name);
-    }
-
-    /** All over the window, unlit, with the bound texture. */
-    static void drawQuad(const Texture& texture) {
-        if (!ManagerOpenGLState::isVersion32OrGreater()) {
-            glMatrixMode(GL_PROJECTION);
-            glLoadIdentity();
-            glMatrixMode(GL_MODELVIEW);
-            Tests::WindowQuad().draw();
-            return;
-        }
-        const GLSLUniformBlockT<GLSLUniformBlockCameraTransforms> camera;
-        const GLSLUniformBlockT<GLSLUniformBlockLightInfo> lights;
-        ShaderMaterial material;
-        texture.getTextureMatrix(material.textureMatrix);
-        const auto shader = ManagerShader::getDefaultShader();
-        shader->bind(Mat4(), Mat4(), ShaderCamera(Mat4(), Mat4()), material);
-        Tests::WindowQuad().draw();
-        shader->unbind();
     }
 
     Tests::TemporaryFolder folder;
@@ -364,9 +342,7 @@ TEST_P(ManagerTextureGLTest, BothPathsSampleAlike) {
     texture->setTranslation(Vector(0.125F, 0.25F, 0.0F));
     glDisable(GL_DEPTH_TEST);
     glDisable(GL_BLEND);
-    texture->bind();
-    drawQuad(*texture);
-    texture->unbind();
+    Tests::drawUnlit(Tests::WindowQuad(), *texture);
     const std::vector<Texel> texels = texelsOnCard(*texture);
     const auto picture = Tests::readPixels(200, 100);
     for (const auto& [x, y] : {std::pair(13, 7), std::pair(60, 20), std::pair(111, 66), std::pair(190, 93)}) {

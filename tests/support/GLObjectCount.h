@@ -13,6 +13,8 @@ struct GLObjectCount {
     int textures = 0;
     int shaders = 0;
     int programs = 0;
+    int framebuffers = 0;
+    int renderbuffers = 0;
 
     bool operator==(const GLObjectCount&) const = default;
 };
@@ -26,13 +28,16 @@ inline GLObjectCount countGLObjects() {
         count.textures += glIsTexture(name);
         count.shaders += glIsShader(name);
         count.programs += glIsProgram(name);
+        count.framebuffers += glIsFramebuffer(name);
+        count.renderbuffers += glIsRenderbuffer(name);
     }
     return count;
 }
 
 inline std::ostream& operator<<(std::ostream& out, const GLObjectCount& count) {
     return out << count.buffers << " buffers, " << count.vertexArrays << " vertex arrays, " << count.textures
-               << " textures, " << count.shaders << " shaders, " << count.programs << " programs";
+               << " textures, " << count.shaders << " shaders, " << count.programs << " programs, "
+               << count.framebuffers << " framebuffers, " << count.renderbuffers << " renderbuffers";
 }
 
 } // namespace Vantrel::Tests

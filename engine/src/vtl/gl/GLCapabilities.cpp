@@ -1,8 +1,10 @@
 #include "vtl/gl/GLCapabilities.h"
 
 #include "vtl/gl/GLError.h"
+#include "vtl/gl/framebuffer/FramebufferFunctions.h"
 
 #include <GL/glew.h>
+#include <algorithm>
 
 namespace Vantrel {
 namespace {
@@ -38,6 +40,21 @@ float readMaxLineWidth() {
     return range[1];
 }
 
+/** The limits would be errors to ask for without the functions. */
+void readFramebufferLimits(GLCapabilities& capabilities) {
+    const FramebufferFunctions gl = FramebufferFunctions::ofContext();
+    capabilities.areFramebufferObjectsSupported = gl.checkFramebufferStatus != nullptr;
+    if (!capabilities.areFramebufferObjectsSupported) {
+        return;
+    }
+    glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &capabilities.maxFramebufferSize);
+    capabilities.maxFramebufferSize = std::min(capabilities.maxFramebufferSize, capabilities.maxTextureSize);
+    glGetIntegerv(GL_MAX_COLOR_ATTACHMENTS, &capabilities.maxColorAttachments);
+    if (gl.renderbufferStorageMultisample != nullptr) {
+        glGetIntegerv(GL_MAX_SAMPLES, &capabilities.maxSamples);
+    }
+}
+
 } // namespace
 
 GLCapabilities GLCapabilities::read() {
@@ -51,7 +68,7 @@ GLCapabilities GLCapabilities::read() {
     checkGLError(510002);
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &capabilities.maxTextureSize);
     checkGLError(510003);
-    capabilities.areFramebufferObjectsSupported = glCheckFramebufferStatusEXT != nullptr;
+    readFramebufferLimits(capabilities);
     // The client arrays that go with them are part of every GL library.
     capabilities.areVertexBuffersSupported =
         glGenBuffers != nullptr && glBindBuffer != nullptr && glBufferData != nullptr;

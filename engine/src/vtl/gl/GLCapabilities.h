@@ -20,6 +20,12 @@ struct GLCapabilities {
     /** Longest side of a texture in texels. */
     std::int32_t maxTextureSize = 0;
     bool areFramebufferObjectsSupported = false;
+    /** Longest side of a frame buffer object in pixels. */
+    std::int32_t maxFramebufferSize = 0;
+    /** Colour textures that a frame buffer object takes at most. */
+    std::int32_t maxColorAttachments = 0;
+    /** Samples for a pixel of a frame buffer object at most; 0 without multisampling. */
+    std::int32_t maxSamples = 0;
     /** Whether vertices and indices can lie in buffers on the card. */
     bool areVertexBuffersSupported = false;
     /** Widest line in pixels that `glLineWidth` takes without an error. */

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vtl/gl/ManagerWindowing.h"
+#include "vtl/gl/framebuffer/FramebufferFunctions.h"
 
 #include <GL/glew.h>
 #include <cstdint>
@@ -102,10 +103,32 @@ struct GLProgramKind {
     static void destroy(GLuint name) { glDeleteProgram(name); }
 };
 
+struct GLFramebufferKind {
+    static bool isSupported() { return FramebufferFunctions::ofContext().genFramebuffers != nullptr; }
+    static GLuint create() {
+        GLuint name = 0;
+        FramebufferFunctions::ofContext().genFramebuffers(1, &name);
+        return name;
+    }
+    static void destroy(GLuint name) { FramebufferFunctions::ofContext().deleteFramebuffers(1, &name); }
+};
+
+struct GLRenderbufferKind {
+    static bool isSupported() { return FramebufferFunctions::ofContext().genRenderbuffers != nullptr; }
+    static GLuint create() {
+        GLuint name = 0;
+        FramebufferFunctions::ofContext().genRenderbuffers(1, &name);
+        return name;
+    }
+    static void destroy(GLuint name) { FramebufferFunctions::ofContext().deleteRenderbuffers(1, &name); }
+};
+
 using GLBuffer = GLHandle<GLBufferKind>;
 using GLVertexArray = GLHandle<GLVertexArrayKind>;
 using GLTexture = GLHandle<GLTextureKind>;
 using GLShader = GLHandle<GLShaderKind>;
 using GLProgram = GLHandle<GLProgramKind>;
+using GLFramebuffer = GLHandle<GLFramebufferKind>;
+using GLRenderbuffer = GLHandle<GLRenderbufferKind>;
 
 } // namespace Vantrel

@@ -11,6 +11,7 @@
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/SDLReport.h"
 #include "vtl/gl/WindowIcon.h"
+#include "vtl/gl/framebuffer/VantrelFrameBufferObject.h"
 
 #include <algorithm>
 
@@ -289,6 +290,17 @@ void showEyePictures(const LoadingScreen& screen) {
     present();
 }
 
+struct Size {
+    int width;
+    int height;
+};
+
+Size renderTargetSize() {
+    Size size{state.width, state.height};
+    VantrelFrameBufferObject::getCurrentTargetSize(&size.width, &size.height);
+    return size;
+}
+
 } // namespace
 
 void ManagerWindowing::init() {
@@ -305,6 +317,7 @@ void ManagerWindowing::shutdown() {
     if (!state.isStarted) {
         return;
     }
+    VantrelFrameBufferObject::forgetBinds();
     if (state.context != nullptr) {
         SDL_GL_DeleteContext(state.context);
     }
@@ -364,11 +377,11 @@ int ManagerWindowing::getMaxWindowHeight() {
 }
 
 int ManagerWindowing::getRenderTargetWidth() {
-    return state.width;
+    return renderTargetSize().width;
 }
 
 int ManagerWindowing::getRenderTargetHeight() {
-    return state.height;
+    return renderTargetSize().height;
 }
 
 bool ManagerWindowing::isWindowExisting() {

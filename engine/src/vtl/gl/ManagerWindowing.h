@@ -34,7 +34,7 @@ public:
     /** The largest size that buffers are made for. */
     static int getMaxWindowWidth();
     static int getMaxWindowHeight();
-    /** Size in pixels of what is drawn into. */
+    /** Size in pixels of what is drawn into: the bound frame buffer object, else the window. */
     static int getRenderTargetWidth();
     static int getRenderTargetHeight();
 
