@@ -3,6 +3,7 @@
 #include "vtl/scene/SceneHost.h"
 #include "vtl/scene/camera/HandlerMouseState.h"
 
+#include "tests/support/HeldKey.h"
 #include "tests/support/ReportCapture.h"
 #include "tests/support/SceneModels.h"
 #include "tests/unit/math/MathTesting.h"
@@ -17,21 +18,6 @@ class GLView;
 }
 
 namespace Vantrel::Tests {
-
-/** A key that is held down while this lives. */
-class HeldKey {
-public:
-    explicit HeldKey(SDL_Scancode code, bool isHeld = true)
-        : state(const_cast<Uint8*>(SDL_GetKeyboardState(nullptr)) + code) {
-        *state = isHeld ? 1 : 0;
-    }
-    HeldKey(const HeldKey&) = delete;
-    HeldKey& operator=(const HeldKey&) = delete;
-    ~HeldKey() { *state = 0; }
-
-private:
-    Uint8* state;
-};
 
 /** A camera that hears of the mouse after the mouse state, and selects what it is told to. */
 template <class Steered>

@@ -15,16 +15,18 @@
 #include "vtl/net/NetMessengerServer.h"
 #include "vtl/render/VantrelGLRenderer.h"
 #include "vtl/scene/camera/CameraStandardEZNav.h"
+#include "vtl/scene/gui/WOGUIRoot.h"
 #include "vtl/scene/light/ManagerLight.h"
 #include "vtl/scene/model/ManagerModelMultiplicity.h"
 #include "vtl/scene/object/WO.h"
 #include "vtl/scene/object/WorldContainer.h"
 #include "vtl/shell/FrameRate.h"
 #include "vtl/shell/GeospatialDrivers.h"
+#include "vtl/shell/ManagerDeviceInput.h"
 #include "vtl/shell/ManagerGLView.h"
 #include "vtl/shell/StopRequests.h"
+#include "vtl/shell/WindowEventText.h"
 
-#include <array>
 #include <utility>
 
 namespace Vantrel {
@@ -51,35 +53,10 @@ std::unique_ptr<Camera> makeCamera(int type, GLView* view, HandlerMouseState* mo
     return std::make_unique<CameraStandardEZNav>(view, mouse);
 }
 
-struct WindowEventText {
-    std::uint8_t kind;
-    const char* text;
-};
-
-constexpr std::array<WindowEventText, 15> windowEventTexts{{
-    {SDL_WINDOWEVENT_NONE, "SDL_WINDOWEVENT_NONE...\n"},
-    {SDL_WINDOWEVENT_SHOWN, "SDL_WINDOWEVENT_SHOWN...\n"},
-    {SDL_WINDOWEVENT_HIDDEN, "SDL_WINDOWEVENT_HIDDEN...\n"},
-    {SDL_WINDOWEVENT_EXPOSED, "SDL_WINDOWEVENT_EXPOSED...\n"},
-    {SDL_WINDOWEVENT_MOVED, "SDL_WINDOWEVENT_MOVED...\n"},
-    {SDL_WINDOWEVENT_RESIZED, "SDL_WINDOWEVENT_RESIZED:...\n"},
-    {SDL_WINDOWEVENT_SIZE_CHANGED, "SDL_WINDOWEVENT_SIZE_CHANGED...\n"},
-    {SDL_WINDOWEVENT_MINIMIZED, "SDL_WINDOWEVENT_MINIMIZED...\n"},
-    {SDL_WINDOWEVENT_MAXIMIZED, "SDL_WINDOWEVENT_MAXIMIZED...\n"},
-    {SDL_WINDOWEVENT_RESTORED, "SDL_WINDOWEVENT_RESTORED...\n"},
-    {SDL_WINDOWEVENT_ENTER, "SDL_WINDOWEVENT_ENTER... (Window has Mouse Focus)\n"},
-    {SDL_WINDOWEVENT_LEAVE, "SDL_WINDOWEVENT_LEAVE... (Window lost Mouse Focus)\n"},
-    {SDL_WINDOWEVENT_FOCUS_GAINED, "SDL_WINDOWEVENT_FOCUS_GAINED... (Window has Keyboard Focus)\n"},
-    {SDL_WINDOWEVENT_FOCUS_LOST, "SDL_WINDOWEVENT_FOCUS_LOST... (Window lost Keyboard Focus)\n"},
-    {SDL_WINDOWEVENT_CLOSE, "SDL_WINDOWEVENT_CLOSE...\n"},
-}};
-
 void reportWindowEvent(const SDL_WindowEvent& event) {
-    for (const WindowEventText& row : windowEventTexts) {
-        if (row.kind == event.event) {
-            Report() << row.text;
-            return;
-        }
+    if (const WindowEventText* const text = findWindowEventText(event.event)) {
+        Report() << text->name << text->ending;
+        return;
     }
     Report() << "GLView::handleWindowEvent(): Unknown SDL_WindowEvent sdlWindowEvent.type='" << event.type
              << "'\n";
@@ -119,6 +96,7 @@ GLView::~GLView() {
     ManagerWindowing::drawLoadingScreen();
     renderer.reset();
     cam.reset();
+    formerCameras.clear();
     destroyWorld();
     actorLst.reset();
     auxLst.reset();
@@ -143,13 +121,11 @@ void GLView::cycleActor() {
 
 void GLView::setCameraType(int type) {
     camType = type;
-    const Vector position = cam->getPosition();
-    const Vector lookDirection = cam->getLookDirection();
+    std::unique_ptr<Camera> next = makeCamera(type, this, &mouseHandler);
+    next->setPosition(cam->getPosition());
+    next->setCameraLookDirection(cam->getLookDirection());
     cam->detachCameraFromWO();
-    cam.reset();
-    cam = makeCamera(type, this, &mouseHandler);
-    cam->setPosition(position);
-    cam->setCameraLookDirection(lookDirection);
+    formerCameras.push_back(std::exchange(cam, std::move(next)));
     cam->startCameraBehavior();
 }
 
@@ -236,6 +212,8 @@ void GLView::initDrawing() {
     constexpr std::int32_t afterTexture = 212129;
     ManagerLight::init();
     reportStep("Initialized ManagerLight...");
+    ManagerDeviceInput::init();
+    reportStep("Initialized ManagerDeviceInput...");
     initCameraState();
     createCamera();
     renderer = VantrelGLRenderer::New();
@@ -293,6 +271,7 @@ LoopCode GLView::run() {
 
 LoopCode GLView::handleEvents() {
     ManagerSDLTime::startStopwatch(Stopwatch::stage);
+    formerCameras.clear();
     LoopCode code = LoopCode::carryOn;
     SDL_Event event{};
     if (StopSignals::take()) {
@@ -331,6 +310,9 @@ void GLView::updateWorld() {
     updateWorldObjects();
     worldLst->forEachTimed(Stopwatch::objectOnUpdate, &ObjectTimes::onUpdateMs,
                            [](WO& object) { object.onUpdate(); });
+    if (WOGUIRoot* const root = worldLst->getRootGUI()) {
+        root->onUpdate();
+    }
     if (netServer != nullptr) {
         netServer->update();
     }
@@ -362,8 +344,9 @@ void GLView::shutdownManagers() {
     ManagerGLView::shutdown();
     ManagerModelMultiplicity::shutdown();
     ManagerLight::shutdown();
-    ManagerSerializableNetMsgMap::shutdown();
     ManagerTexture::shutdown();
+    ManagerSerializableNetMsgMap::shutdown();
+    ManagerDeviceInput::shutdown();
     ManagerShader::shutdown();
     ManagerWindowing::shutdown();
     ManagerOpenGLState::shutdown();
@@ -377,6 +360,9 @@ void GLView::onResize(int width, int height) {
     Report() << "Resize viewporT\n";
     cam->setViewport({0, 0, width, height});
     Report() << "Resize GUIRoot\n";
+    if (WOGUIRoot* const root = worldLst->getRootGUI()) {
+        root->onResize(width, height);
+    }
     Report() << "Exiting onResize\n";
 }
 
@@ -459,8 +445,8 @@ void GLView::onKeyUp(const SDL_KeyboardEvent& event) {
     }
 }
 
-bool GLView::handleGUIEvent(const SDL_Event& /*event*/) {
-    return false;
+bool GLView::handleGUIEvent(const SDL_Event& event) {
+    return !mouseHandler.isDragging() && ui.handleEvent(event, *worldLst);
 }
 
 LoopCode GLView::handleEvent(SDL_Event* event) {

@@ -4,6 +4,7 @@
 #include "vtl/scene/SceneHost.h"
 #include "vtl/scene/camera/HandlerMouseState.h"
 #include "vtl/scene/object/WO.h"
+#include "vtl/shell/UI.h"
 
 #include <SDL.h>
 #include <cstdint>
@@ -99,6 +100,9 @@ public:
     std::uint32_t getFPS() const { return fps; }
 
 protected:
+    /** Where the current camera is, whichever it is. */
+    const std::unique_ptr<Camera>* getCameraHolder() const { return &cam; }
+
     /** Owns its objects: what is left in it goes in the teardown. */
     std::unique_ptr<WorldContainer> worldLst;
     std::unique_ptr<WorldContainer> actorLst;
@@ -121,8 +125,11 @@ private:
     WORef<WO> selectedWO;
     std::optional<Vector> selectedWorldCoord;
     std::unique_ptr<Camera> cam;
+    /** Gone from the next frame on: an event that one of them is at may be what changed the camera. */
+    std::vector<std::unique_ptr<Camera>> formerCameras;
     int camType = 0;
     WORef<WO> actor;
+    UI ui;
     std::unique_ptr<NetMessengerServer> netServer;
     std::vector<std::string> args;
     std::uint32_t fps = 60;

@@ -133,8 +133,9 @@ int WorldContainer::getIndexOfGUIWidget(const WO* widget) const {
     return index;
 }
 
-WO* WorldContainer::getGUIWidgetAtPixel(int /*x*/, int /*y*/) const {
-    return nullptr;
+WOGUI* WorldContainer::getGUIWidgetAtPixel(int x, int y) const {
+    WOGUI* const widget = rootGUI ? rootGUI->widgetAt(x, y) : nullptr;
+    return widget != rootGUI.get() ? widget : nullptr;
 }
 
 void WorldContainer::push_back(WO* object) {

@@ -15,6 +15,7 @@ namespace Vantrel {
 class Camera;
 class Model;
 class VantrelGeometryFrustum;
+class WOGUI;
 class WOGUIRoot;
 
 /** Whether a list of world objects has a tree of widgets. */
@@ -50,7 +51,7 @@ public:
     /** Place in the same order; -1 for another object, which is reported where there is a root. */
     virtual int getIndexOfGUIWidget(const WO* widget) const;
     /** The topmost widget at a pixel of the window, counted from its top left; null when there is none. */
-    virtual WO* getGUIWidgetAtPixel(int x, int y) const;
+    virtual WOGUI* getGUIWidgetAtPixel(int x, int y) const;
     /** Appends an object. A widget becomes a child of the root, which owns it from then on. Null is ignored;
      * a widget with a parent and one without a root to go to are refused with a report. */
     virtual void push_back(WO* object);
