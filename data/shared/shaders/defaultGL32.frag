@@ -1,6 +1,6 @@
 #version 150
 // Meshes: lights each pixel, then modulates by texture and vertex colour. Without lights, and where there is no
-// normal, the colour stays as it is.
+// normal, the colour stays as it is. Where there is a shadow map it is the first light's.
 
 const int MAX_LIGHTS = 8;
 
@@ -19,12 +19,14 @@ layout(std140) uniform LightInfo {
 };
 
 uniform sampler2D TexUnit0;
+uniform sampler2DShadow ShadowMap;
 uniform MaterialColors Material;
 
 in vec3 eyePosition;
 in vec3 eyeNormal;
 in vec2 texCoord;
 in vec4 color;
+in vec4 shadowPosition;
 
 out vec4 FragColor;
 
@@ -36,6 +38,12 @@ vec3 unit(vec3 v) {
 vec3 directionToLight(int i) {
     vec4 light = LightPosition[i];
     return light.w > 0.5 ? unit(light.xyz - eyePosition) : unit(-light.xyz);
+}
+
+// How much of the first light gets here; beyond the map, all of it.
+float firstLightShare() {
+    bool isMapped = shadowPosition.w > 0.0 && shadowPosition.z < shadowPosition.w;
+    return isMapped ? textureProjLod(ShadowMap, shadowPosition, 0.0) : 1.0;
 }
 
 void main() {
@@ -54,9 +62,10 @@ void main() {
         vec3 toLight = directionToLight(i);
         float facing = dot(normal, toLight);
         if (facing > 0.0) {
+            vec3 light = LightColor[i].rgb * (i == 0 ? firstLightShare() : 1.0);
             float shine = max(dot(normal, unit(toLight + toEye)), 0.0001); // pow(0, 0) may be NaN
-            diffuse += LightColor[i].rgb * facing;
-            specular += LightColor[i].rgb * pow(shine, max(Material.SpecularCoeff, 0.0));
+            diffuse += light * facing;
+            specular += light * pow(shine, max(Material.SpecularCoeff, 0.0));
         }
     }
     vec3 lit = color.rgb * (Material.Ka.rgb * GlobalAmbient.rgb + Material.Kd.rgb * diffuse) + Material.Ks.rgb * specular;

@@ -22,10 +22,13 @@ out vec3 eyePosition;
 out vec3 eyeNormal;
 out vec2 texCoord;
 out vec4 color;
+out vec4 shadowPosition; // in the shadow map, times its w; where there is no map 0
 
 void main() {
     vec4 position = vec4(VertexPosition, 1.0);
-    eyePosition = (ViewMat * (ModelMat * position)).xyz;
+    vec4 place = ModelMat * position;
+    eyePosition = (ViewMat * place).xyz;
+    shadowPosition = PassMode == 2 ? ShadowMat * place : vec4(0.0);
     eyeNormal = mat3(NormalMat) * VertexNormal;
     texCoord = (TexMat0 * vec4(VertexTexCoord, 0.0, 1.0)).st;
     color = VertexColor;

@@ -87,6 +87,9 @@ protected:
         ManagerOpenGLState::setGlobalAmbient(ambientColor);
     }
 
+    /** Beside those of the window's size: `{key=value}`. */
+    virtual std::vector<std::string> settings() const { return {}; }
+
     /** Leaves behind what another mesh might have: a current normal and a current colour. */
     static void clearPicture() {
         if (isShaderPath()) {
@@ -140,7 +143,9 @@ private:
         return view;
     }
     void startMeshGL(const GLContextRow& row) {
-        startGL(row, {"{width=256}", "{height=256}"});
+        std::vector<std::string> all = settings();
+        all.insert(all.end(), {"{width=256}", "{height=256}"});
+        startGL(row, all);
         ManagerTexture::init();
         if (isShaderPath()) {
             cameraBlock = std::make_unique<GLSLUniformBlockT<GLSLUniformBlockCameraTransforms>>();

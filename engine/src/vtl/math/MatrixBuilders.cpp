@@ -64,6 +64,18 @@ void buildPerspective(float fovYDegrees, float aspect, float nearPlane, float fa
     buildPerspective(fovYDegrees, aspect, nearPlane, farPlane, &out[0]);
 }
 
+void buildFrustum(float left, float right, float bottom, float top, float nearPlane, float farPlane,
+                  Mat4& out) {
+    out.m.fill(0.0F);
+    out[0] = 2 * nearPlane / (right - left);
+    out[5] = 2 * nearPlane / (top - bottom);
+    out[8] = (right + left) / (right - left);
+    out[9] = (top + bottom) / (top - bottom);
+    out[10] = (nearPlane + farPlane) / (nearPlane - farPlane);
+    out[11] = -1;
+    out[14] = 2 * farPlane * nearPlane / (nearPlane - farPlane);
+}
+
 void buildLookAt(const Vector& eye, const Vector& center, const Vector& up, float* out) {
     Mat4 view;
     buildLookAt(eye, center, up, view);

@@ -20,6 +20,10 @@ void buildOrthographic(float left, float right, float bottom, float top, float n
 void buildPerspective(float fovYDegrees, float aspect, float nearPlane, float farPlane, float* out);
 void buildPerspective(float fovYDegrees, float aspect, float nearPlane, float farPlane, Mat4& out);
 
+/** The perspective whose view at the near plane is that rectangle, given along the view's axes. */
+void buildFrustum(float left, float right, float bottom, float top, float nearPlane, float farPlane,
+                  Mat4& out);
+
 /**
  * The view of a camera at `eye` that looks at `center`: world to eye space, where -Z is ahead and +Y is up.
  * An `up` along the line of sight, or no line of sight at all, leaves axes of length zero, but no NaN.

@@ -3,7 +3,9 @@
 #include "vtl/base/ManagerSDLTime.h"
 #include "vtl/base/Report.h"
 #include "vtl/base/SourceLocation.h"
+#include "vtl/gl/LoadMatrices.h"
 #include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/render/ShadowMap.h"
 #include "vtl/render/Unproject.h"
 #include "vtl/scene/camera/Camera.h"
 #include "vtl/scene/light/ManagerLight.h"
@@ -14,11 +16,6 @@
 
 namespace Vantrel {
 namespace {
-
-void loadMatrix(GLenum mode, const Mat4& matrix) {
-    glMatrixMode(mode);
-    glLoadMatrixf(matrix.m.data());
-}
 
 /** The row of GL, from the bottom, of a pixel `y` rows below the top. */
 int rowOf(int y, int height) {
@@ -33,24 +30,61 @@ VantrelGLRendererBase::VantrelGLRendererBase() {
     }
 }
 
+VantrelGLRendererBase::~VantrelGLRendererBase() = default;
+
 void VantrelGLRendererBase::updateCamera(Camera* camera) {
     ManagerSDLTime::startStopwatch(Stopwatch::stage);
     camera->update();
     camera->updateCameraMatrices();
+    ManagerSDLTime::totals().updatingCameraMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
+    sendCamera(*camera);
+    ManagerLight::writeLights();
+}
+
+void VantrelGLRendererBase::sendCamera(const Camera& camera,
+                                       GLSLUniformBlockCameraTransforms::PassMode passMode) {
+    ManagerSDLTime::startStopwatch(Stopwatch::stage);
     if (cameraTransforms) {
-        cameraTransforms->data.view = camera->getViewMatrix().m;
-        cameraTransforms->data.projection = camera->getProjectionMatrix().m;
-        cameraTransforms->data.passMode = GLSLUniformBlockCameraTransforms::normalPass;
+        cameraTransforms->data.view = camera.getViewMatrix().m;
+        cameraTransforms->data.projection = camera.getProjectionMatrix().m;
+        cameraTransforms->data.passMode = passMode;
         cameraTransforms->upload();
     }
-    ManagerSDLTime::totals().updatingCameraMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
-    if (ManagerOpenGLState::isCompatibilityProfile()) {
-        loadMatrix(GL_PROJECTION, camera->getProjectionMatrix());
-        loadMatrix(GL_MODELVIEW, camera->getViewMatrix());
-    }
-    const CameraViewport& viewport = camera->getViewport();
+    loadMatrices(camera.getProjectionMatrix(), camera.getViewMatrix());
+    const CameraViewport& viewport = camera.getViewport();
     glViewport(viewport.x, viewport.y, viewport.width, viewport.height);
-    ManagerLight::writeLights();
+    ManagerSDLTime::totals().updatingCameraMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
+}
+
+void VantrelGLRendererBase::initShadowMapping() {
+    if (!ManagerOpenGLState::isVersion32OrGreater()) {
+        Report() << locationText() << "ERROR: SHADOW MAPPING REQUIRES GL 3.2+ or greater\n";
+    } else if (!shadowMap) {
+        shadowMap = ShadowMap::New(shadowMapSize);
+    }
+}
+
+void VantrelGLRendererBase::renderShadowMap(Camera* camera, WorldContainer* world) {
+    const std::vector<WOLight*>& lights = ManagerLight::getEnabledLights();
+    if (!cameraTransforms || lights.empty()) {
+        return;
+    }
+    initShadowMapping();
+    if (!shadowMap) {
+        return;
+    }
+    Camera* const atLight = shadowMap->getCamera();
+    shadowMap->lookFrom(*lights.front(), *camera);
+    atLight->updateCameraMatrices();
+    shadowMap->bindTexture();
+    cameraTransforms->data.shadow = shadowMap->getMatrix().m;
+    sendCamera(*atLight, GLSLUniformBlockCameraTransforms::shadowMapPass);
+    shadowMap->draw(*world);
+    sendCamera(*camera, GLSLUniformBlockCameraTransforms::passAfterShadowMap);
+}
+
+void VantrelGLRendererBase::destroyShadowMapping() {
+    shadowMap.reset();
 }
 
 WO* VantrelGLRendererBase::pickWO(const SDL_MouseButtonEvent& event, Camera* camera, WorldContainer* world) {

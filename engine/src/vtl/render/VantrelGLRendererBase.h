@@ -12,6 +12,7 @@
 namespace Vantrel {
 
 class Camera;
+class ShadowMap;
 class WO;
 class WorldContainer;
 
@@ -24,10 +25,20 @@ public:
     VantrelGLRendererBase();
     VantrelGLRendererBase(const VantrelGLRendererBase&) = delete;
     VantrelGLRendererBase& operator=(const VantrelGLRendererBase&) = delete;
-    virtual ~VantrelGLRendererBase() = default;
+    virtual ~VantrelGLRendererBase();
 
     /** One whole frame, buffer swap included. */
     virtual void render(Camera* camera, WorldContainer* world) = 0;
+    /** Makes the shadow map, unless there is one; below 3.2 only reports. */
+    virtual void initShadowMapping();
+    /**
+     * Draws the shadow map of the first light that shines, if there is one, for the frame in progress, which
+     * goes on in the view of `camera`. Does nothing below 3.2.
+     */
+    virtual void renderShadowMap(Camera* camera, WorldContainer* world);
+    virtual void destroyShadowMapping();
+    /** Both eyes, into the buffers of the right and the left. */
+    virtual void renderStereoQuadBuffered(Camera* camera, WorldContainer* world) = 0;
     /** One view without the swap. */
     virtual void renderSingleFrame(Camera* camera, WorldContainer* world) = 0;
     /** The passes of one view. */
@@ -53,10 +64,23 @@ public:
     virtual bool pickWorldCoordinate(int x, int y, Camera* camera, Vector& out);
     /** `object` itself or the first one below it with that colour of its id; null for none. */
     virtual WO* findWOByColor(WO* object, std::uint8_t r, std::uint8_t g, std::uint8_t b);
+    /** What needs the window and the settings; part of every `New`. */
+    virtual void init() = 0;
 
 protected:
+    /** Gives the view that the camera has just computed, whatever it is, to GL. */
+    void sendCamera(const Camera& camera, GLSLUniformBlockCameraTransforms::PassMode passMode =
+                                              GLSLUniformBlockCameraTransforms::normalPass);
+
+    /** Whether each frame draws a shadow map first; nothing in the viewer turns it on. */
+    bool shadowMappingEnabled = false;
+    /** Texels along each side. */
+    std::int32_t shadowMapSize = 8192;
     /** What shaders know of the camera; null below 3.2. */
     std::unique_ptr<GLSLUniformBlockT<GLSLUniformBlockCameraTransforms>> cameraTransforms;
+
+private:
+    std::unique_ptr<ShadowMap> shadowMap;
 };
 
 } // namespace Vantrel

@@ -5,6 +5,7 @@
 #include "vtl/gl/GLError.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/shader/GLSLSource.h"
+#include "vtl/gl/shader/ManagerShader.h"
 #include "vtl/gl/shader/VertexAttributeLocation.h"
 
 #include <algorithm>
@@ -177,7 +178,7 @@ bool GLSLShaderDataShared::build() {
     if (!areStagesCompiled || !isLinked) {
         return false;
     }
-    findObjectUniforms();
+    findUniforms();
     return true;
 }
 
@@ -217,7 +218,14 @@ bool GLSLShaderDataShared::link() {
     return true;
 }
 
-void GLSLShaderDataShared::findObjectUniforms() {
+void GLSLShaderDataShared::pointAtShadowMap(const char* sampler) const {
+    const std::uint32_t current = ManagerShader::getCurrentProgram();
+    ManagerShader::useProgram(program.get());
+    glUniform1i(glGetUniformLocation(program.get(), sampler), shadowMapUnit);
+    ManagerShader::useProgram(current);
+}
+
+void GLSLShaderDataShared::findUniforms() {
     GLint count = 0;
     glGetProgramiv(program.get(), GL_ACTIVE_UNIFORMS, &count);
     for (GLint i = 0; i < count; ++i) {
@@ -226,6 +234,9 @@ void GLSLShaderDataShared::findObjectUniforms() {
         GLenum type = GL_NONE;
         glGetActiveUniform(program.get(), static_cast<GLuint>(i), name.size(), nullptr, &size, &type,
                            name.data());
+        if (type == GL_SAMPLER_2D_SHADOW) {
+            pointAtShadowMap(name.data()); // two kinds of samplers on one unit, where all begin, are an error
+        }
         for (const ObjectUniform& uniform : objectUniformTable) {
             // An author may use a name for something else, a matrix of 3 by 3 say.
             if (std::string_view(uniform.name) == name.data() && uniform.type == type) {

@@ -42,6 +42,9 @@ struct GLSLObjectUniforms {
  */
 class GLSLShaderDataShared {
 public:
+    /** The texture unit where every sampler of shadows finds the shadow map. */
+    static constexpr GLint shadowMapUnit = 7;
+
     /**
      * Compiles and links. Whatever the driver has to say is reported, and each failure costs a pause; null
      * when a stage or the link failed.
@@ -57,7 +60,8 @@ private:
     bool build();
     bool compileStages();
     bool link();
-    void findObjectUniforms();
+    void findUniforms();
+    void pointAtShadowMap(const char* sampler) const;
 
     GLSLShaderFiles files;
     GLSLGeometryStage geometryStage;

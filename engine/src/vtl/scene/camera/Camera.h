@@ -99,8 +99,9 @@ public:
     float getCameraFarClippingPlaneDistance() const { return farPlane; }
     const VantrelGeometryFrustum& getFrustum() const { return frustum; }
     const Mat4& getViewMatrix() const { return matrices.getViewMatrix(); }
-    /** Until the next update. */
+    /** Until the next update, as the one after it. */
     void setViewMatrix(const float* elements16);
+    void setProjectionMatrix(const Mat4& projection) { setMatrices(projection, getViewMatrix()); }
     const Mat4& getProjectionMatrix() const { return matrices.getProjectionMatrix(); }
     const Mat4& getGUIProjectionMatrix() const { return guiProjectionMatrix; }
     /** Both matrices and their product. */
