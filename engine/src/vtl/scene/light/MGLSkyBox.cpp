@@ -26,11 +26,12 @@ MGLSkyBox::~MGLSkyBox() = default;
 void MGLSkyBox::addImage(const std::string& imageFile) {
     ModelMeshSkin skin(
         ManagerTexture::loadTexture(imageFile, 0, 0, true, GL_RGBA, GL_RGBA, GL_UNSIGNED_BYTE));
-    Texture& image = *skin.textures.at(0);
-    image.setMagFilter(GL_LINEAR);
-    image.setMinFilter(GL_LINEAR);
-    image.setWrapS(GL_CLAMP_TO_EDGE);
-    image.setWrapT(GL_CLAMP_TO_EDGE);
+    for (const auto& image : skin.textures) { // none without a window
+        image->setMagFilter(GL_LINEAR);
+        image->setMinFilter(GL_LINEAR);
+        image->setWrapS(GL_CLAMP_TO_EDGE);
+        image->setWrapT(GL_CLAMP_TO_EDGE);
+    }
     if (ManagerOpenGLState::isVersion32OrGreater()) {
         const std::string path = ManagerEnvironmentConfiguration::getSharedMultimediaPath();
         skin.setShader(GLSLShader::New(path + "/shaders/skyboxGL4.vert", path + "/shaders/skyboxGL4.frag"));
@@ -39,8 +40,8 @@ void MGLSkyBox::addImage(const std::string& imageFile) {
 }
 
 void MGLSkyBox::render(Camera* camera) {
-    if (*cameraHolder) {
-        setTranslation((*cameraHolder)->getPosition());
+    if (const Camera* const current = findCamera()) {
+        setTranslation(current->getPosition());
     }
     renderGeometry(*camera, *box);
 }

@@ -26,6 +26,9 @@ public:
                          std::uint8_t /*b*/) override {}
 
     virtual CameraHolder getCameraHolder() const { return cameraHolder; }
+    /** The current camera; null for none, and without a holder. */
+    const Camera* findCamera() const { return cameraHolder != nullptr ? cameraHolder->get() : nullptr; }
+    /** Null lets the sky stay where it is. */
     virtual void setCameraHolder(CameraHolder holder) { cameraHolder = holder; }
     /** The size that keeps the corners just within that distance. */
     static float sizeFor(float farPlane) { return farPlane * 0.575F; }

@@ -41,7 +41,7 @@ void WOSkyBox::onKeyDown(const SDL_KeyboardEvent& event) {
 }
 
 void WOSkyBox::onUpdate() {
-    const Camera* const camera = skyBox().getCameraHolder()->get();
+    const Camera* const camera = skyBox().findCamera();
     if (camera == nullptr) {
         return;
     }
