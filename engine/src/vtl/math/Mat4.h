@@ -27,6 +27,9 @@ public:
     }
     /** Takes the elements alone: every matrix starts with the default tolerance. */
     constexpr Mat4(const Mat4& other) : m(other.m) {}
+    /** Takes +X, +Y and +Z to `x`, `y` and `z`, and the origin to `place`. */
+    static constexpr Mat4 fromAxes(const Vector& x, const Vector& y, const Vector& z,
+                                   const Vector& place = Vector());
 
     /** Copies the elements; this matrix keeps its own tolerance. */
     constexpr Mat4& operator=(const Mat4& other) {
@@ -55,6 +58,12 @@ public:
 };
 
 static_assert(std::is_standard_layout_v<Mat4> && offsetof(Mat4, m) == 0);
+
+constexpr Mat4 Mat4::fromAxes(const Vector& x, const Vector& y, const Vector& z, const Vector& place) {
+    const std::array elements{x.x, x.y, x.z, 0.0F, y.x,     y.y,     y.z,     0.0F,
+                              z.x, z.y, z.z, 0.0F, place.x, place.y, place.z, 1.0F};
+    return Mat4(elements.data());
+}
 
 constexpr Mat4 Mat4::operator*(const Mat4& b) const {
     Mat4 product;

@@ -1,7 +1,6 @@
 #include "vtl/math/MatrixBuilders.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace Vantrel {
@@ -13,22 +12,15 @@ void copyElements(const Mat4& from, float* to) {
     std::copy(from.m.begin(), from.m.end(), to);
 }
 
-/** The rotation whose first three columns are the given axes. */
-Mat4 fromAxes(const Vector& x, const Vector& y, const Vector& z) {
-    const std::array elements = {x.x, x.y, x.z, 0.0F, y.x,  y.y,  y.z,  0.0F,
-                                 z.x, z.y, z.z, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F};
-    return Mat4(elements.data());
-}
-
 Mat4 rotation(const Vector& axis, float radians) {
     const float x = axis.x;
     const float y = axis.y;
     const float z = axis.z;
     const float c = std::cos(radians);
     const float s = std::sin(radians);
-    return fromAxes({c * (1 - x * x) + x * x, s * z + (1 - c) * y * x, (1 - c) * z * x - s * y},
-                    {(1 - c) * y * x - s * z, c * (1 - y * y) + y * y, s * x + (1 - c) * z * y},
-                    {s * y + (1 - c) * z * x, (1 - c) * z * y - s * x, c * (1 - z * z) + z * z});
+    return Mat4::fromAxes({c * (1 - x * x) + x * x, s * z + (1 - c) * y * x, (1 - c) * z * x - s * y},
+                          {(1 - c) * y * x - s * z, c * (1 - y * y) + y * y, s * x + (1 - c) * z * y},
+                          {s * y + (1 - c) * z * x, (1 - c) * z * y - s * x, c * (1 - z * z) + z * z});
 }
 
 } // namespace
@@ -86,8 +78,8 @@ void buildLookAt(const Vector& eye, const Vector& center, const Vector& up, Mat4
     const Vector forward = (center - eye).normalizeMe();
     const Vector side = forward.crossProduct(up.normalizeMe()).normalizeMe();
     const Vector upward = side.crossProduct(forward).normalizeMe();
-    out = fromAxes({side.x, upward.x, -forward.x}, {side.y, upward.y, -forward.y},
-                   {side.z, upward.z, -forward.z});
+    out = Mat4::fromAxes({side.x, upward.x, -forward.x}, {side.y, upward.y, -forward.y},
+                         {side.z, upward.z, -forward.z});
     const Vector turnedEye = eye * out;
     out[12] = -turnedEye.x;
     out[13] = -turnedEye.y;

@@ -22,10 +22,6 @@ namespace {
 constexpr float radiansPerDegree = 0.017453292F;
 constexpr float degreesPerRadian = 57.295776F;
 
-bool isFinite(const Mat4& matrix) {
-    return std::ranges::all_of(matrix.m, [](float element) { return std::isfinite(element); });
-}
-
 bool isFinite(const VantrelGeometryFrustum& frustum) {
     for (std::uint32_t i = 0; i < 6; ++i) {
         if (!isFinite(frustum.getPlaneNormal(i)) || !std::isfinite(frustum.getPlaneCoef(i))) {

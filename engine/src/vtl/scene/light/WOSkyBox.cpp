@@ -1,9 +1,8 @@
 #include "vtl/scene/light/WOSkyBox.h"
 
 #include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/math/VectorChecks.h"
 #include "vtl/scene/camera/Camera.h"
-
-#include <array>
 
 namespace Vantrel {
 
@@ -53,12 +52,8 @@ void WOSkyBox::onUpdate() {
 
 void WOSkyBox::alignTo(const Vector& axis) {
     lastHorizontalAxis = axis;
-    const Vector across = axis.crossProduct(unitX).normalizeMe();
-    const Vector y = across == Vector() ? unitY : across;
-    const Vector x = y.crossProduct(axis);
-    const std::array<float, 16> columns{x.x,    x.y,    x.z,    0, y.x, y.y, y.z, 0,
-                                        axis.x, axis.y, axis.z, 0, 0,   0,   0,   1};
-    getModel()->setDisplayMatrix(Mat4(columns.data()));
+    const Vector y = acrossOr(unitY, axis, unitX);
+    getModel()->setDisplayMatrix(Mat4::fromAxes(y.crossProduct(axis), y, axis));
 }
 
 } // namespace Vantrel

@@ -35,12 +35,6 @@ void scaleColumns(Mat4& matrix, const Vector& scale) {
     }
 }
 
-/** The unit vector at right angles to both; `spare` where they point the same or the opposite way. */
-Vector acrossOr(const Vector& spare, const Vector& a, const Vector& b) {
-    const Vector across = a.normalizeMe().crossProduct(b.normalizeMe()).normalizeMe();
-    return isNearZero(across.magnitudeSquared()) ? spare.normalizeMe() : across;
-}
-
 /** Draws without writing depths, where a model asks for that; the shadow map is made of depths alone. */
 class ScopedDepthWrites {
 public:
@@ -196,8 +190,8 @@ void Model::setLookDirection(const Vector& direction) {
     if (!isDirection(look)) {
         return;
     }
-    const Vector left = acrossOr(getYAxis(), getNormalDirection(), look);
-    setAxes(look, left, look.crossProduct(left).normalizeMe());
+    const Vector left = acrossOr(getYAxis().normalizeMe(), getNormalDirection(), look);
+    setDisplayMatrix(Mat4::fromAxes(look, left, look.crossProduct(left).normalizeMe()));
 }
 
 void Model::setNormalDirection(const Vector& direction) {
@@ -205,14 +199,8 @@ void Model::setNormalDirection(const Vector& direction) {
     if (!isDirection(up)) {
         return;
     }
-    const Vector left = acrossOr(getYAxis(), up, getLookDirection());
-    setAxes(left.crossProduct(up).normalizeMe(), left, up);
-}
-
-void Model::setAxes(const Vector& look, const Vector& left, const Vector& up) {
-    const std::array<float, 16> columns{look.x, look.y, look.z, 0, left.x, left.y, left.z, 0,
-                                        up.x,   up.y,   up.z,   0, 0,      0,      0,      1};
-    setDisplayMatrix(Mat4(columns.data()));
+    const Vector left = acrossOr(getYAxis().normalizeMe(), up, getLookDirection());
+    setDisplayMatrix(Mat4::fromAxes(left.crossProduct(up).normalizeMe(), left, up));
 }
 
 Vector Model::inverseRotateVector(const Vector& v) const {

@@ -163,7 +163,6 @@ protected:
 private:
     void load(const std::string& fileName, const Vector& scale, MESH_SHADING_TYPE shadingType);
     Vector columnOf(std::size_t column) const { return Vector(&modelDisplayMatrix.m[4 * column]); }
-    void setAxes(const Vector& look, const Vector& left, const Vector& up);
     void tellWorld(void (WorldContainer::*hook)(Model*));
     ModelSkins& requireSkins(std::uint32_t meshIndex, const char* operation,
                              SourceLocation where = SourceLocation::current());
