@@ -1,6 +1,8 @@
 #include "tests/gl/shell/ViewFixture.h"
 #include "tests/support/HeldKey.h"
 
+#include "vtl/scene/motion/VantrelMotionDataCameraParabolicMotion1PhaseChangeOrientationViaSLERP.h"
+#include "vtl/scene/motion/WOOperatorMotionSpecifierTimeConstrained.h"
 #include "vtl/scene/shape/WOPrimitiveShape.h"
 
 namespace Vantrel {
@@ -134,6 +136,25 @@ TEST_F(GLViewGLTest, SelectsUnderThePressWithTheKeyHeldAndOnlyThen) {
     runFrame({buttonEvent(SDL_MOUSEBUTTONDOWN, 1, 1)});
     EXPECT_EQ(view->getSelectedWO(), nullptr);
     EXPECT_FALSE(reports.contains("Selected WO"));
+}
+
+TEST_F(GLViewGLTest, AScriptedMotionGoesOnWithTheNextCamera) {
+    using Turn = VantrelMotionDataCameraParabolicMotion1PhaseChangeOrientationViaSLERP;
+    const Vector place(1, 2, 3);
+    auto* const motion =
+        WOOperatorMotionSpecifierTimeConstrained::New(
+            view->getCamera(), std::make_unique<Turn>(VantrelQuaternion(), VantrelQuaternion(), place),
+            1'000'000)
+            .release();
+    view->getWorldContainer()->push_back(motion); // the world's from here on
+    motion->startMotion();
+    runFrame({});
+    EXPECT_EQ(view->getCamera()->getPosition(), place);
+    view->setActor(nullptr);
+    view->getCamera()->setPosition(9, 9, 9);
+    runFrame({});
+    EXPECT_EQ(view->getCamera()->getPosition(), place);
+    EXPECT_TRUE(motion->isMotionRunning());
 }
 
 } // namespace

@@ -18,6 +18,7 @@
 #include "vtl/scene/gui/WOGUIRoot.h"
 #include "vtl/scene/light/ManagerLight.h"
 #include "vtl/scene/model/ManagerModelMultiplicity.h"
+#include "vtl/scene/motion/WOOperatorMotionSpecifier.h"
 #include "vtl/scene/object/WO.h"
 #include "vtl/scene/object/WorldContainer.h"
 #include "vtl/shell/FrameRate.h"
@@ -125,8 +126,18 @@ void GLView::setCameraType(int type) {
     next->setPosition(cam->getPosition());
     next->setCameraLookDirection(cam->getLookDirection());
     cam->detachCameraFromWO();
+    handOverMotions(cam.get(), next.get());
     formerCameras.push_back(std::exchange(cam, std::move(next)));
     cam->startCameraBehavior();
+}
+
+void GLView::handOverMotions(const Camera* from, Camera* to) {
+    for (std::size_t i = 0; worldLst != nullptr && i < worldLst->size(); ++i) {
+        auto* const motion = dynamic_cast<WOOperatorMotionSpecifier*>(worldLst->at(i));
+        if (motion != nullptr && motion->getTargetWO() == from) {
+            motion->setTargetWO(to);
+        }
+    }
 }
 
 void GLView::createCamera() {

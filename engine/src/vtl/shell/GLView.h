@@ -75,7 +75,10 @@ public:
     virtual VantrelGLRendererBase* getRenderer() { return renderer.get(); }
     virtual void initCameraState() { camType = 0; }
     virtual void createCamera();
-    /** Makes the camera of a type number the current one, where the old one stood and looked. */
+    /**
+     * Makes the camera of a type number the current one, where the old one stood and looked. A scripted
+     * motion of the old one goes on with it.
+     */
     virtual void setCameraType(int type);
     /** One simulation step of every top-level object. */
     virtual void updateWorldObjects();
@@ -119,6 +122,8 @@ private:
     void renderWorld();
     LoopCode loopCodeAfterFrame() const;
     void checkModels();
+    /** Lets the motions of the world that move `from` go on with `to`. */
+    void handOverMotions(const Camera* from, Camera* to);
     void destroyWorld();
     static void shutdownManagers();
 
