@@ -26,7 +26,7 @@ protected:
     SteeredCamera() { SceneHost::set(this); }
     ~SteeredCamera() override { SceneHost::set(nullptr); }
 
-    Camera* getCamera() override { return nullptr; }
+    Camera* getCamera() override { return &camera; }
     WorldContainer* getWorldContainer() override { return nullptr; }
     void processSelection(int x, int y, Camera* /*camera*/) override { asked.emplace_back(x, y, 0); }
     WO* getSelectedWO() override { return selected; }

@@ -85,7 +85,7 @@ TEST_P(LightsGLTest, GiveTheirNumbersToTheNextWhenTheyHideOrDie) {
         EXPECT_FALSE(glIsEnabled(GL_LIGHT1));
     }
     first->setVisible(true);
-    litWall();
+    EXPECT_GE(litWall().at(middle, middle)[0], 250);
     first.reset();
     EXPECT_EQ(litWall().at(middle, middle), black);
     EXPECT_EQ(ManagerLight::size(), 1U);

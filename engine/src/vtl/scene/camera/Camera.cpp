@@ -75,6 +75,18 @@ void Camera::setPosition(const Vector& place) {
     }
 }
 
+void Camera::setPositionOfThisOnly(const Vector& place) {
+    if (isFinite(place)) {
+        WO::setPositionOfThisOnly(place);
+    }
+}
+
+void Camera::moveRelativeThisOnly(const Vector& amount) {
+    if (isFinite(getPosition() + amount)) {
+        WO::moveRelativeThisOnly(amount);
+    }
+}
+
 void Camera::moveRelative(const Vector& amount) {
     if (isFinite(getPosition() + amount)) {
         WO::moveRelative(amount);
@@ -179,15 +191,16 @@ void Camera::changeLookDirection(int dx, int dy) {
     pose->setLookDirection(pose->getLookDirection());
 }
 
-void Camera::attachCameraToWO(WO* object, const Vector& point) {
+bool Camera::attachCameraToWO(WO* object, const Vector& point) {
     if (object == nullptr || object->isInTreeOf(*this) || !isFinite(point)) {
-        return;
+        return false;
     }
     setParentWorldObject(object);
     const Vector& up = horizontalRotationAxis;
     const Vector left = up.crossProduct((point - getPosition()).normalizeMe()).normalizeMe();
     lockWRTparent(std::make_unique<WOGJoint>(this, point - object->getPosition(), up,
                                              left.crossProduct(up).normalizeMe()));
+    return true;
 }
 
 void Camera::detachCameraFromWO() {
@@ -307,12 +320,14 @@ void Camera::setActorToWatch(WO* actor) {
 }
 
 void Camera::setCameraFOVy(float degrees) {
-    setIfFinite(fovy, degrees);
+    if (degrees > 0.0F && degrees < 180.0F) {
+        fovy = degrees;
+    }
 }
 
 void Camera::setCameraHorzFOV(float degrees) {
     const float halfWidth = std::tan(degrees * radiansPerDegree * 0.5F);
-    setIfFinite(fovy, 2 * std::atan(halfWidth / aspectRatio) * degreesPerRadian);
+    setCameraFOVy(2 * std::atan(halfWidth / aspectRatio) * degreesPerRadian);
 }
 
 float Camera::getCameraHorzFOV() const {
@@ -414,8 +429,10 @@ void Camera::updateProjectionMatrixUsingOrthographicProjection() {
 }
 
 void Camera::updateViewMatrix() {
-    Mat4 view;
-    buildLookAt(getPosition(), getCameraLookAtPoint(), getNormalDirection(), view);
+    Mat4 view; // by the direction, which far from the origin a point ahead no longer tells
+    buildLookAt(Vector(), getLookDirection(), getNormalDirection(), view);
+    const Vector origin = view * getPosition() * -1.0F;
+    std::copy_n(&origin.x, 3, &view[12]);
     setMatrices(getProjectionMatrix(), view);
 }
 

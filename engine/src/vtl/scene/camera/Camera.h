@@ -29,7 +29,9 @@ public:
 
     using WO::setPosition;
     void setPosition(const Vector& place) override;
+    void setPositionOfThisOnly(const Vector& place) override;
     void moveRelative(const Vector& amount) override;
+    void moveRelativeThisOnly(const Vector& amount) override;
     /** With Left Ctrl selects what is under the mouse. */
     void onMouseDown(const SDL_MouseButtonEvent& event) override;
     void onMouseUp(const SDL_MouseButtonEvent& event) override;
@@ -51,9 +53,9 @@ public:
     /**
      * Ties the camera to a joint at `point`, of the world, on `object`, which becomes the parent without
      * taking the camera as a child: when it dies, the camera is free and stays where it is. An object below
-     * the camera is refused.
+     * the camera is refused. Says whether the camera is tied.
      */
-    virtual void attachCameraToWO(WO* object, const Vector& point);
+    virtual bool attachCameraToWO(WO* object, const Vector& point);
     /** Leaves the object that the camera is attached to, and the camera where it is. */
     virtual void detachCameraFromWO();
     /** Scale of the distance from the joint; 0 without one. */
@@ -77,6 +79,7 @@ public:
     virtual void setActorToWatch(WO* actor);
     /** Null when it has died. */
     virtual WO* getActorToWatch() const { return actorToWatch.get(); }
+    /** Between 0 and 180, both ways. */
     virtual void setCameraFOVy(float degrees);
     virtual void setCameraHorzFOV(float degrees);
     /** Width over height, above zero. */

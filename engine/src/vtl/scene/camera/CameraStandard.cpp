@@ -12,6 +12,9 @@ namespace Vantrel {
 
 void CameraStandard::onMouseDown(const SDL_MouseButtonEvent& event) {
     Camera::onMouseDown(event);
+    if (SceneHost::findCamera() != this) {
+        return; // what was selected has changed the camera
+    }
     if (mouseHandler == nullptr || glView == nullptr || !mouseHandler->isLeftPressed() ||
         getIsLockedWRTparent() || !isKeyHeld(SDL_SCANCODE_LALT)) {
         return;
@@ -54,17 +57,17 @@ void CameraStandard::dragOrbit() {
     }
 }
 
-void CameraStandard::attachCameraToWO(WO* object, const Vector& point) {
-    Camera::attachCameraToWO(object, point);
-    const WOGJoint* const orbited = getJoint();
-    if (orbited == nullptr) {
-        return;
+bool CameraStandard::attachCameraToWO(WO* object, const Vector& point) {
+    if (!Camera::attachCameraToWO(object, point)) {
+        return false;
     }
+    const WOGJoint* const orbited = getJoint();
     const Vector fromPoint = getPosition() - orbited->getAnchorWorld();
     orbitFrame.setIdentity();
     orbitAzimuth = azimuthOf(fromPoint);
     orbitElevation = 0.0F;
     orbitRadius = fromPoint.magnitude();
+    return true;
 }
 
 void CameraStandard::update() {
@@ -73,6 +76,7 @@ void CameraStandard::update() {
         return;
     }
     const Vector up = getHorizontalRotationAxis();
+    pose->resetRotation(); // an axis along X leaves a choice, which must not be another one each time
     lookAlong(unitX, up);
     orbitFrame = pose->getDisplayMatrix();
     pose->rotateAboutRelZ(orbitAzimuth);

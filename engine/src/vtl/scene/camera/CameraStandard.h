@@ -16,7 +16,7 @@ public:
     /** While attached, dragging goes round and to or from the point, with Left Ctrl up and down. */
     void onMouseMove(const SDL_MouseMotionEvent& event) override;
     /** The orbit starts from where the camera is, but level with the point. */
-    void attachCameraToWO(WO* object, const Vector& point) override;
+    bool attachCameraToWO(WO* object, const Vector& point) override;
     /** While attached, the camera is where the orbit has it, and looks at the point. */
     void update() override;
 

@@ -16,6 +16,10 @@ MGLSkyBox::MGLSkyBox(WO* parent, std::span<const std::string> imageFiles, Camera
         Report() << "ERROR: User passed NULL cam into MGLSkyBox Constructor\n";
         Pause::exitAfterKey();
     }
+    if (ManagerOpenGLState::isVersion32OrGreater()) {
+        const std::string path = ManagerEnvironmentConfiguration::getSharedMultimediaPath();
+        shader = GLSLShader::New(path + "/shaders/skyboxGL4.vert", path + "/shaders/skyboxGL4.frag");
+    }
     for (const std::string& file : imageFiles) {
         addImage(file);
     }
@@ -32,11 +36,8 @@ void MGLSkyBox::addImage(const std::string& imageFile) {
         image->setWrapS(GL_CLAMP_TO_EDGE);
         image->setWrapT(GL_CLAMP_TO_EDGE);
     }
-    if (ManagerOpenGLState::isVersion32OrGreater()) {
-        const std::string path = ManagerEnvironmentConfiguration::getSharedMultimediaPath();
-        skin.setShader(GLSLShader::New(path + "/shaders/skyboxGL4.vert", path + "/shaders/skyboxGL4.frag"));
-    }
-    skins.list.push_back(skin);
+    skin.setShader(shader != nullptr ? shader->clone() : nullptr);
+    skins.list.push_back(std::move(skin));
 }
 
 void MGLSkyBox::render(Camera* camera) {

@@ -42,6 +42,8 @@ private:
     float boxSize;
     CameraHolder cameraHolder;
     std::unique_ptr<IndexedGeometrySkyBox> box;
+    /** The one that all images are drawn by copies of; null below 3.2. */
+    std::unique_ptr<GLSLShader> shader;
 };
 
 } // namespace Vantrel

@@ -99,12 +99,13 @@ void ManagerLight::synchronizeFixedFunction() {
     for (std::size_t i = 0; i < lightsOfGL; ++i) { // also those of lights that have died
         setEnabled(static_cast<GLenum>(GL_LIGHT0 + i), i < count);
     }
-    for (std::size_t i = 0; i < count; ++i) {
-        WOLight& light = *state.enabledLights[i];
-        if (const auto index = static_cast<std::int32_t>(i); light.getLightIndex() != index) {
-            light.setLightIndex(index);
-            light.writeFixedFunction(); // that number has told of another one so far
-        }
+    bool isRenumbered = false;
+    for (std::int32_t index = 0; WOLight* const light : state.enabledLights) {
+        isRenumbered = isRenumbered || light->getLightIndex() != index;
+        light->setLightIndex(index++);
+    }
+    if (isRenumbered) {
+        writeLights(); // some numbers have told of others so far
     }
     state.lastLightIndex = static_cast<std::int32_t>(count) - 1;
 }

@@ -9,6 +9,7 @@
 #include "vtl/scene/object/WOGJoint.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <cxxabi.h>
 #include <limits>
@@ -162,7 +163,7 @@ void WO::resetRotation() {
 }
 
 void WO::turnModel(void (Model::*turn)(float), float radians) {
-    if (model) {
+    if (model && std::isfinite(radians)) {
         ((*model).*turn)(radians);
     }
 }
@@ -256,7 +257,7 @@ void WO::unLockWRTparent() {
 }
 
 void WO::turnJoint(void (WOGJoint::*turn)(float), float radians) {
-    if (isLockedWRTparent && joint) {
+    if (isLockedWRTparent && joint && std::isfinite(radians)) {
         ((*joint).*turn)(radians);
     }
 }
