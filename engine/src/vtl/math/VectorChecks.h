@@ -16,7 +16,11 @@ inline bool isFinite(const Vector& v) {
 
 /** Whether every element is a finite number. */
 inline bool isFinite(const Mat4& matrix) {
-    return std::ranges::all_of(matrix.m, [](float element) { return std::isfinite(element); });
+    float sum = 0.0F; // of zeros, unless one isn't
+    for (const float element : matrix.m) {
+        sum += element * 0.0F;
+    }
+    return sum == 0.0F;
 }
 
 /** Whether `v`, which has been normalised, is one long: what is zero or not finite never is. */

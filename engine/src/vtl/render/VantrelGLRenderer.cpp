@@ -127,8 +127,8 @@ void VantrelGLRenderer::setStereoEyeFrustum(float left, float right, float botto
     Mat4 projection;
     buildFrustum(left, right, bottom, top, near, far, projection);
     camera->setProjectionMatrix(projection);
-    ManagerSDLTime::totals().updatingCameraMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
     sendCamera(*camera);
+    ManagerSDLTime::totals().updatingCameraMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
     ManagerLight::writeLights();
 }
 
@@ -200,8 +200,7 @@ void VantrelGLRenderer::composeSplit(const Vector& firstPlace, const Vector& sec
 }
 
 void VantrelGLRenderer::renderScene(Camera* camera, WorldContainer* world, bool clear) {
-    startScene(camera, clear);
-    sortWorld(camera, world);
+    startScene(camera, world, clear);
     if (ManagerOpenGLState::areAxesVisible()) {
         drawAxes(*camera);
     }
@@ -240,14 +239,13 @@ void VantrelGLRenderer::renderSelectionFrame(Camera* camera, WorldContainer* wor
 
 void VantrelGLRenderer::renderSelectionScene(Camera* camera, WorldContainer* world, bool clear) {
     const ScopedSingleSample singleSample;
-    startScene(camera, clear);
-    sortWorld(camera, world);
+    startScene(camera, world, clear);
     world->renderSelection(camera);
     camera->renderSelection(camera);
     flush();
 }
 
-void VantrelGLRenderer::startScene(Camera* camera, bool clear) {
+void VantrelGLRenderer::startScene(Camera* camera, WorldContainer* world, bool clear) {
     if (clear) {
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
     }
@@ -256,11 +254,7 @@ void VantrelGLRenderer::startScene(Camera* camera, bool clear) {
     }
     ManagerSDLTime::startStopwatch(Stopwatch::stage);
     ManagerLight::synchronize(camera);
-    ManagerSDLTime::totals().lightsMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
-}
-
-void VantrelGLRenderer::sortWorld(Camera* camera, WorldContainer* world) {
-    ManagerSDLTime::startStopwatch(Stopwatch::stage);
+    ManagerSDLTime::totals().lightsMs += ManagerSDLTime::restartStopwatch(Stopwatch::stage);
     world->sort(camera);
     ManagerSDLTime::totals().sortingMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
 }

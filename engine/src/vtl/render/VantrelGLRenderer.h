@@ -58,8 +58,8 @@ private:
         std::unique_ptr<IndexedGeometryQuad> quad;
     };
 
-    static void startScene(Camera* camera, bool clear);
-    static void sortWorld(Camera* camera, WorldContainer* world);
+    /** Clears, sends the lights and sorts. */
+    static void startScene(Camera* camera, WorldContainer* world, bool clear);
     static void flush();
     void drawAxes(const Camera& camera);
     static EyePicture newEyePicture();

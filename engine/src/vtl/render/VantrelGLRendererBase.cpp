@@ -36,14 +36,13 @@ void VantrelGLRendererBase::updateCamera(Camera* camera) {
     ManagerSDLTime::startStopwatch(Stopwatch::stage);
     camera->update();
     camera->updateCameraMatrices();
-    ManagerSDLTime::totals().updatingCameraMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
     sendCamera(*camera);
+    ManagerSDLTime::totals().updatingCameraMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
     ManagerLight::writeLights();
 }
 
 void VantrelGLRendererBase::sendCamera(const Camera& camera,
                                        GLSLUniformBlockCameraTransforms::PassMode passMode) {
-    ManagerSDLTime::startStopwatch(Stopwatch::stage);
     if (cameraTransforms) {
         cameraTransforms->data.view = camera.getViewMatrix().m;
         cameraTransforms->data.projection = camera.getProjectionMatrix().m;
@@ -53,7 +52,6 @@ void VantrelGLRendererBase::sendCamera(const Camera& camera,
     loadMatrices(camera.getProjectionMatrix(), camera.getViewMatrix());
     const CameraViewport& viewport = camera.getViewport();
     glViewport(viewport.x, viewport.y, viewport.width, viewport.height);
-    ManagerSDLTime::totals().updatingCameraMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
 }
 
 void VantrelGLRendererBase::initShadowMapping() {

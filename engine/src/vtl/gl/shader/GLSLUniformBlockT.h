@@ -4,6 +4,7 @@
 
 #include <GL/glew.h>
 #include <cstdint>
+#include <cstring>
 
 namespace Vantrel {
 
@@ -17,16 +18,15 @@ public:
     GLSLUniformBlockT() : buffer(GLBuffer::create()) {
         glBindBuffer(GL_UNIFORM_BUFFER, buffer.get());
         glBufferData(GL_UNIFORM_BUFFER, bufferSize, nullptr, GL_DYNAMIC_DRAW);
-        glBindBuffer(GL_UNIFORM_BUFFER, 0);
-        upload();
+        send();
         glBindBufferBase(GL_UNIFORM_BUFFER, T::bindingPoint, buffer.get());
     }
 
-    /** Sends `data` to the card. */
-    void upload() const {
-        glBindBuffer(GL_UNIFORM_BUFFER, buffer.get());
-        glBufferSubData(GL_UNIFORM_BUFFER, 0, sizeof(T), &data);
-        glBindBuffer(GL_UNIFORM_BUFFER, 0);
+    /** Sends `data` to the card, unless it is there. */
+    void upload() {
+        if (std::memcmp(&data, &sent, sizeof(T)) != 0) {
+            send();
+        }
     }
 
     std::uint32_t getBuffer() const { return buffer.get(); }
@@ -38,7 +38,16 @@ private:
      */
     static constexpr GLsizeiptr bufferSize = (sizeof(T) + 15) / 16 * 16;
 
+    void send() {
+        glBindBuffer(GL_UNIFORM_BUFFER, buffer.get());
+        glBufferSubData(GL_UNIFORM_BUFFER, 0, sizeof(T), &data);
+        glBindBuffer(GL_UNIFORM_BUFFER, 0);
+        sent = data;
+    }
+
     GLBuffer buffer;
+    /** What is on the card. */
+    T sent;
 };
 
 } // namespace Vantrel

@@ -387,8 +387,7 @@ void Camera::setProjectionType(PROJ_MATRIX_PROJ_TYPE type) {
 
 void Camera::updateCameraMatrices() {
     updateFrustum();
-    updateProjectionMatrix();
-    updateViewMatrix();
+    setMatrices(projectionOfType(), viewFromPose());
 }
 
 void Camera::updateFrustum() {
@@ -400,45 +399,60 @@ void Camera::updateFrustum() {
 }
 
 void Camera::updateProjectionMatrix() {
+    setMatrices(projectionOfType(), getViewMatrix());
+}
+
+void Camera::updateProjectionMatrixUsingPerspectiveProjection() {
+    setMatrices(perspective(), getViewMatrix());
+}
+
+void Camera::updateProjectionMatrixUsingOrthographicProjection() {
+    setMatrices(orthographic(), getViewMatrix());
+}
+
+void Camera::updateViewMatrix() {
+    setMatrices(getProjectionMatrix(), viewFromPose());
+}
+
+Mat4 Camera::projectionOfType() const {
     switch (camProjectionType) {
     case PROJ_MATRIX_PROJ_TYPE::pmptPERSPECTIVE:
-        updateProjectionMatrixUsingPerspectiveProjection();
-        return;
+        return perspective();
     case PROJ_MATRIX_PROJ_TYPE::pmptORTHOGRAPHIC:
-        updateProjectionMatrixUsingOrthographicProjection();
-        return;
+        return orthographic();
     }
     Report() << "WARNING: Vantrel::Camera::updateProjectionMatrix()... this->camProjectionType\n"
              << "   is set to an invalid alue of " << static_cast<int>(camProjectionType) << "\n"
              << "   valid values are " << PROJ_MATRIX_PROJ_TYPE::pmptPERSPECTIVE << " or "
              << PROJ_MATRIX_PROJ_TYPE::pmptORTHOGRAPHIC
              << ", updating using Vantrel::Camera::updateProjectionMatrixUsingPerspectiveProjection()...\n";
-    updateProjectionMatrixUsingPerspectiveProjection();
+    return perspective();
 }
 
-void Camera::updateProjectionMatrixUsingPerspectiveProjection() {
+Mat4 Camera::perspective() const {
     Mat4 projection;
     buildPerspective(fovy, aspectRatio, nearPlane, farPlane, projection);
-    setMatrices(projection, getViewMatrix());
+    return projection;
 }
 
-void Camera::updateProjectionMatrixUsingOrthographicProjection() {
+Mat4 Camera::orthographic() const {
     Mat4 projection;
     buildOrthographic(orthoLeft, orthoRight, orthoBottom, orthoTop, nearPlane, farPlane, projection);
-    setMatrices(projection, getViewMatrix());
+    return projection;
 }
 
-void Camera::updateViewMatrix() {
+Mat4 Camera::viewFromPose() const {
     Mat4 view; // by the direction, which far from the origin a point ahead no longer tells
     buildLookAt(Vector(), getLookDirection(), getNormalDirection(), view);
     const Vector origin = view * getPosition() * -1.0F;
     std::copy_n(&origin.x, 3, &view[12]);
-    setMatrices(getProjectionMatrix(), view);
+    return view;
 }
 
 void Camera::setMatrices(const Mat4& projection, const Mat4& view) {
-    const ShaderCamera next(projection, view);
-    if (isFinite(projection) && isFinite(view) && isFinite(next.getViewProjectionMatrix())) {
+    const ShaderCamera next(isFinite(projection) ? projection : getProjectionMatrix(),
+                            isFinite(view) ? view : getViewMatrix());
+    if (isFinite(next.getViewProjectionMatrix())) {
         matrices = next;
     }
 }

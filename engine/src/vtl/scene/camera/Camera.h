@@ -153,6 +153,10 @@ private:
     bool isRefusedWhileAttached(const char* operation) const;
     void lookTowards(const Vector& direction);
     void stepByDrag(int pixels);
+    Mat4 projectionOfType() const;
+    Mat4 perspective() const;
+    Mat4 orthographic() const;
+    Mat4 viewFromPose() const;
     void setMatrices(const Mat4& projection, const Mat4& view);
 
     VantrelGeometryFrustum frustum;
