@@ -13,6 +13,7 @@ struct GLObjectCount {
     int textures = 0;
     int shaders = 0;
     int programs = 0;
+    int queries = 0;
 
     bool operator==(const GLObjectCount&) const = default;
 };
@@ -26,13 +27,15 @@ inline GLObjectCount countGLObjects() {
         count.textures += glIsTexture(name);
         count.shaders += glIsShader(name);
         count.programs += glIsProgram(name);
+        count.queries += glIsQuery(name);
     }
     return count;
 }
 
 inline std::ostream& operator<<(std::ostream& out, const GLObjectCount& count) {
     return out << count.buffers << " buffers, " << count.vertexArrays << " vertex arrays, " << count.textures
-               << " textures, " << count.shaders << " shaders, " << count.programs << " programs";
+               << " textures, " << count.shaders << " shaders, " << count.programs << " programs, "
+               << count.queries << " queries";
 }
 
 } // namespace Vantrel::Tests

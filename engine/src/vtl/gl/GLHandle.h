@@ -102,10 +102,21 @@ struct GLProgramKind {
     static void destroy(GLuint name) { glDeleteProgram(name); }
 };
 
+struct GLQueryKind {
+    static bool isSupported() { return glGenQueries != nullptr; }
+    static GLuint create() {
+        GLuint name = 0;
+        glGenQueries(1, &name);
+        return name;
+    }
+    static void destroy(GLuint name) { glDeleteQueries(1, &name); }
+};
+
 using GLBuffer = GLHandle<GLBufferKind>;
 using GLVertexArray = GLHandle<GLVertexArrayKind>;
 using GLTexture = GLHandle<GLTextureKind>;
 using GLShader = GLHandle<GLShaderKind>;
 using GLProgram = GLHandle<GLProgramKind>;
+using GLQuery = GLHandle<GLQueryKind>;
 
 } // namespace Vantrel
