@@ -49,6 +49,7 @@ TEST_P(GLHandleGLTest, MakesEachKind) {
         EXPECT_TRUE(glIsProgram(programName));
         EXPECT_TRUE(texture);
         EXPECT_TRUE(vertexArray);
+        EXPECT_TRUE(GLQuery::create());
     }
     EXPECT_FALSE(glIsShader(shaderName));
     EXPECT_FALSE(glIsProgram(programName));

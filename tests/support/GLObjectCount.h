@@ -15,6 +15,7 @@ struct GLObjectCount {
     int programs = 0;
     int framebuffers = 0;
     int renderbuffers = 0;
+    int queries = 0;
 
     bool operator==(const GLObjectCount&) const = default;
 };
@@ -30,6 +31,7 @@ inline GLObjectCount countGLObjects() {
         count.programs += glIsProgram(name);
         count.framebuffers += glIsFramebuffer(name);
         count.renderbuffers += glIsRenderbuffer(name);
+        count.queries += glIsQuery(name);
     }
     return count;
 }
@@ -37,7 +39,8 @@ inline GLObjectCount countGLObjects() {
 inline std::ostream& operator<<(std::ostream& out, const GLObjectCount& count) {
     return out << count.buffers << " buffers, " << count.vertexArrays << " vertex arrays, " << count.textures
                << " textures, " << count.shaders << " shaders, " << count.programs << " programs, "
-               << count.framebuffers << " framebuffers, " << count.renderbuffers << " renderbuffers";
+               << count.framebuffers << " framebuffers, " << count.renderbuffers << " renderbuffers, "
+               << count.queries << " queries";
 }
 
 } // namespace Vantrel::Tests

@@ -122,12 +122,7 @@ protected:
 
     /** A texture of `side` x `side` pixels of four bytes, sampled linearly. */
     static std::unique_ptr<TextureDataOwnsGLHandle> image(int side, const std::vector<std::uint8_t>& pixels) {
-        auto data = std::make_unique<TextureDataOwnsGLHandle>("test");
-        GLTexture texture = GLTexture::create();
-        glBindTexture(GL_TEXTURE_2D, texture.get());
-        glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, side, side, 0, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
-        data->takeTexture(std::move(texture));
-        return data;
+        return TextureDataOwnsGLHandle::fromPixels("test", static_cast<std::uint32_t>(side), pixels, false);
     }
     static std::unique_ptr<Texture> textureOn(TextureDataOwnsGLHandle& data) {
         return std::make_unique<TextureSharesTexDataOwnsGLHandle>(&data);

@@ -123,6 +123,16 @@ struct GLRenderbufferKind {
     static void destroy(GLuint name) { FramebufferFunctions::ofContext().deleteRenderbuffers(1, &name); }
 };
 
+struct GLQueryKind {
+    static bool isSupported() { return glGenQueries != nullptr; }
+    static GLuint create() {
+        GLuint name = 0;
+        glGenQueries(1, &name);
+        return name;
+    }
+    static void destroy(GLuint name) { glDeleteQueries(1, &name); }
+};
+
 using GLBuffer = GLHandle<GLBufferKind>;
 using GLVertexArray = GLHandle<GLVertexArrayKind>;
 using GLTexture = GLHandle<GLTextureKind>;
@@ -130,5 +140,6 @@ using GLShader = GLHandle<GLShaderKind>;
 using GLProgram = GLHandle<GLProgramKind>;
 using GLFramebuffer = GLHandle<GLFramebufferKind>;
 using GLRenderbuffer = GLHandle<GLRenderbufferKind>;
+using GLQuery = GLHandle<GLQueryKind>;
 
 } // namespace Vantrel

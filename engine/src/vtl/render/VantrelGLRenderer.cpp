@@ -211,6 +211,7 @@ void VantrelGLRenderer::renderScene(Camera* camera, WorldContainer* world, bool 
     ManagerSDLTime::startStopwatch(Stopwatch::stageOfObjects);
     camera->render(camera);
     ManagerSDLTime::totals().renderingCameraMs += ManagerSDLTime::restartStopwatch(Stopwatch::stageOfObjects);
+    ManagerLight::renderLensFlares(camera);
     world->renderGUI(camera);
     ManagerSDLTime::totals().guiMs += ManagerSDLTime::readStopwatch(Stopwatch::stageOfObjects);
     flush();

@@ -9,7 +9,6 @@
 
 #include <SDL_image.h>
 #include <algorithm>
-#include <array>
 #include <mutex>
 #include <utility>
 
@@ -21,35 +20,6 @@ std::mutex pendingMutex;
 std::mutex imageLoaderMutex;
 
 constexpr const char* setToDefault = "   Setting this texture to use the DEFAULT TEXTURE...\n";
-
-void setTexParameters(std::int32_t wrap, std::int32_t minFilter, std::int32_t magFilter, bool mipmapped) {
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, wrap);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, wrap);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, magFilter);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, minFilter);
-    if (!mipmapped) {
-        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 0);
-    }
-}
-
-void setReplaceEnvMode() {
-    if (ManagerOpenGLState::isCompatibilityProfile()) {
-        glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
-    }
-}
-
-/** Some compatibility drivers make mipmaps only while texturing is enabled. */
-void generateMipmaps() {
-    const bool mustEnable =
-        ManagerOpenGLState::isCompatibilityProfile() && glIsEnabled(GL_TEXTURE_2D) == GL_FALSE;
-    if (mustEnable) {
-        glEnable(GL_TEXTURE_2D);
-    }
-    glGenerateMipmap(GL_TEXTURE_2D);
-    if (mustEnable) {
-        glDisable(GL_TEXTURE_2D);
-    }
-}
 
 /** What the surface holds; any other type would let GL read beyond its end. */
 bool isTypeOfSurface(std::uint32_t type) {
@@ -99,18 +69,9 @@ void ManagerTexture::shutdown() {
 
 void ManagerTexture::makeDefaultWhiteTexture() {
     constexpr std::uint32_t side = 2;
-    std::array<std::uint8_t, 4 * side * side> pixels{};
-    pixels.fill(255);
-    auto data = std::make_unique<TextureDataOwnsGLHandle>("DEFAULT_WHITE_TEXTURE_2X2");
-    data->mipmapped = false;
-    data->width = side;
-    data->height = side;
-    GLTexture texture = GLTexture::create();
-    glBindTexture(GL_TEXTURE_2D, texture.get());
-    setReplaceEnvMode();
-    setTexParameters(GL_REPEAT, GL_NEAREST, GL_NEAREST, false);
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, side, side, 0, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
-    data->takeTexture(std::move(texture));
+    constexpr std::size_t bytes = 4 * side * side;
+    auto data = TextureDataOwnsGLHandle::fromPixels("DEFAULT_WHITE_TEXTURE_2X2", side,
+                                                    std::vector<std::uint8_t>(bytes, 255), false);
     state.defaultWhiteTexture = std::make_unique<TextureSharesTexDataOwnsGLHandle>(data.get());
     state.defaultWhiteTexture->setMagFilter(GL_NEAREST);
     state.defaultWhiteTexture->setMinFilter(GL_NEAREST);
@@ -238,30 +199,14 @@ bool ManagerTexture::instantiateOpenGLTexture(TextureDataOwnsGLHandle* data) {
 }
 
 bool ManagerTexture::upload(TextureDataOwnsGLHandle& data, const SDL_Surface& surface) {
-    constexpr std::int32_t aroundUpload = 540200;
-    GLTexture texture = GLTexture::create();
-    if (!texture || !isTypeOfSurface(data.type)) {
-        return false;
-    }
-    glBindTexture(GL_TEXTURE_2D, texture.get());
-    setReplaceEnvMode();
-    setTexParameters(GL_REPEAT, data.mipmapped ? GL_LINEAR_MIPMAP_LINEAR : GL_LINEAR, GL_LINEAR,
-                     data.mipmapped);
-    checkGLError(aroundUpload);
-    glTexImage2D(GL_TEXTURE_2D, 0, data.internalFormat, surface.w, surface.h, 0, data.format, data.type,
-                 surface.pixels);
-    if (checkGLError(aroundUpload) > 0) {
-        return false;
-    }
     data.width = static_cast<std::uint32_t>(surface.w);
     data.height = static_cast<std::uint32_t>(surface.h);
-    if (data.mipmapped) {
-        generateMipmaps();
+    if (!isTypeOfSurface(data.type) || !data.upload(surface.pixels)) {
+        return false;
     }
     constexpr std::uint64_t bytesPerPixel = 4;
     state.totalBytesUsed +=
         std::uint64_t{data.width} * data.height * bytesPerPixel * (data.mipmapped ? 2 : 1);
-    data.takeTexture(std::move(texture));
     return true;
 }
 

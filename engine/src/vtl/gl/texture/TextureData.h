@@ -6,6 +6,8 @@
 #include <array>
 #include <compare>
 #include <cstdint>
+#include <memory>
+#include <span>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -61,9 +63,18 @@ protected:
 class TextureDataOwnsGLHandle : public TextureData {
 public:
     explicit TextureDataOwnsGLHandle(std::string name) : TextureData(std::move(name)) {}
+    /**
+     * A square that was computed: `side` rows, from the bottom up, of `side` pixels of red, green, blue and
+     * alpha. With too few of them, and without a context, there is no GL texture.
+     */
+    static std::unique_ptr<TextureDataOwnsGLHandle>
+    fromPixels(std::string name, std::uint32_t side, std::span<const std::uint8_t> pixels, bool isMipmapped);
 
-    /** The GL texture exists from now on. */
-    void takeTexture(GLTexture created);
+    /**
+     * Sends pixels of the size, the format and the type that are set to the card, where they stay bound;
+     * false when GL can't take them.
+     */
+    bool upload(const void* pixels);
 
 private:
     GLTexture texture;

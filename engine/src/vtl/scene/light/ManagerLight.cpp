@@ -86,6 +86,14 @@ void ManagerLight::synchronize(Camera* camera) {
     }
 }
 
+void ManagerLight::renderLensFlares(Camera* camera) {
+    for (WOLight* const light : state.lights) {
+        if (light->isLensFlareEnabled()) {
+            light->renderLensFlare(camera);
+        }
+    }
+}
+
 void ManagerLight::collectVisible() {
     state.enabledLights.clear();
     std::ranges::copy_if(state.lights, std::back_inserter(state.enabledLights),

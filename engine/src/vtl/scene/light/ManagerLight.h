@@ -29,6 +29,8 @@ public:
     static void writeLights();
     /** Numbers the visible lights anew and sends them, as `camera` sees them; the same holds for the view. */
     static void synchronize(Camera* camera);
+    /** Draws the lens flares of all lights that have one enabled; when the scene is drawn. */
+    static void renderLensFlares(Camera* camera);
 
     /** Of those that have been made, whether visible or not. */
     static std::size_t size() { return state.lights.size(); }

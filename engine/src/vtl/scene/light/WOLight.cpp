@@ -76,6 +76,12 @@ void WOLight::writeFixedFunction() {
     setLinearAttenuation(linearAttenuation);
 }
 
+void WOLight::renderLensFlare(Camera* camera) {
+    if (auto* const flaring = dynamic_cast<MGLLight*>(getModel())) {
+        flaring->renderLensFlare(*camera);
+    }
+}
+
 bool WOLight::isFixedFunctionLight() const {
     constexpr std::int32_t lightsOfGL = 8;
     return lightIndex < lightsOfGL && ManagerOpenGLState::isCompatibilityProfile() &&

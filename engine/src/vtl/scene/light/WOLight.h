@@ -49,6 +49,11 @@ public:
     void setLightIndex(std::int32_t index) { lightIndex = index; }
     /** Tells the fixed functions everything; the view must be the current matrix. */
     void writeFixedFunction();
+    /** Whether the frame ends with a lens flare where the light is to be seen. */
+    void setLensFlareEnabled(bool enabled) { lensFlareEnabled = enabled; }
+    bool isLensFlareEnabled() const { return lensFlareEnabled; }
+    /** Draws it, enabled or not. A light whose model isn't an `MGLLight` has none. */
+    void renderLensFlare(Camera* camera);
 
 private:
     /** Whether there is a light of the fixed functions for this one. */
@@ -57,6 +62,7 @@ private:
     void send(GLenum name, const vtlColor4f& value) const;
     void send(GLenum name, float value) const;
 
+    bool lensFlareEnabled = false;
     vtlColor4f color;
     vtlColor4f diffuse;
     vtlColor4f ambient;

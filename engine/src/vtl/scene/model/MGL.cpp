@@ -29,12 +29,15 @@ ModelMeshSkin MGL::shapeSkin(ModelMeshSkin skin) {
 }
 
 void MGL::renderGeometry(const Camera& camera, IndexedGeometry& geometry, const Mat4& place) {
-    ModelMeshSkin& skin = skins.current();
+    renderGeometryIn(skins.current(), camera, geometry, getModelMatrix() * place,
+                     getNormalMatrix(camera) * place);
+}
+
+void MGL::renderGeometryIn(ModelMeshSkin& skin, const Camera& camera, IndexedGeometry& geometry,
+                           const Mat4& modelMatrix, const Mat4& normalMatrix) {
     if (!skin.visibleFlag) {
         return;
     }
-    const Mat4 modelMatrix = getModelMatrix() * place;
-    const Mat4 normalMatrix = getNormalMatrix(camera) * place;
     const ModelMeshMatrices matrices{modelMatrix, normalMatrix, camera.getShaderCamera()};
     const ScopedModelMatrix matrix(modelMatrix, true);
     skin.bind(&matrices);

@@ -36,6 +36,9 @@ protected:
     static ModelMeshSkin shapeSkin(ModelMeshSkin skin = ModelMeshSkin());
     /** Draws a shape in the current skin; `place` takes the shape to model space. */
     void renderGeometry(const Camera& camera, IndexedGeometry& geometry, const Mat4& place = Mat4());
+    /** The same in any skin, with a matrix to the world and, for a shape with normals, one to eye space. */
+    static void renderGeometryIn(ModelMeshSkin& skin, const Camera& camera, IndexedGeometry& geometry,
+                                 const Mat4& modelMatrix, const Mat4& normalMatrix = Mat4());
     /** The same in one colour, for picking. */
     void renderGeometrySelection(const Camera& camera, const IndexedGeometry& geometry, std::uint8_t r,
                                  std::uint8_t g, std::uint8_t b, const Mat4& place = Mat4()) const;
