@@ -30,7 +30,7 @@ std::unique_ptr<WO> box(float x, float y, float z, const vtlColor4ub& color) {
 
 std::unique_ptr<WO> newLight() {
     constexpr vtlColor4f white;
-    constexpr vtlColor4f dim{0.6F, 0.6F, 0.6F, 1.0F};
+    constexpr vtlColor4f dim{0.1F, 0.1F, 0.1F, 1.0F}; // with that from everywhere, as bright as for shaders
     auto light = WOLight::New(white, white, dim, white);
     light->setIsPositional(false);
     light->getModel()->setLookDirection(Vector(-0.3F, 0.4F, -1.0F).normalizeMe());

@@ -2,6 +2,8 @@
 
 #include "vtl/math/MatrixBuilders.h"
 #include "vtl/render/Unproject.h"
+#include "vtl/scene/light/ManagerLight.h"
+#include "vtl/scene/light/WOLight.h"
 #include "vtl/scene/object/WorldList.h"
 #include "vtl/scene/shape/WOPrimitiveShape.h"
 
@@ -104,6 +106,23 @@ TEST_P(VantrelGLRendererGLTest, DrawsTheAxesBeforeTheWorld) {
         EXPECT_GT(std::ranges::count(shown.pixels, color), 50);
     }
     EXPECT_EQ(shown.at(side / 2, side / 2), (Pixel{255, 255, 255})) << "the cube hides where they meet";
+}
+
+TEST_P(VantrelGLRendererGLTest, DrawsLensFlaresOverTheWorld) {
+    ManagerLight::init();
+    const auto behind = cubeAt(Vector(20, 0, 0), 30);
+    behind->getModel()->getSkin().setColor(0, 0, 0, 255);
+    auto light = WOLight::New(vtlColor4f(), vtlColor4f(), vtlColor4f(), vtlColor4f());
+    light->setPosition(0, 0, 0);
+    light->setLensFlareEnabled(true);
+    renderer->renderSingleFrame(&*eye, &*list);
+    EXPECT_GT(picture().at(side / 2, side / 2)[1], 200);
+    const auto before = cubeAt(Vector(-3, 0, 0), 1);
+    before->getModel()->getSkin().setColor(0, 0, 0, 255);
+    renderer->renderSingleFrame(&*eye, &*list);
+    EXPECT_LT(picture().at(side / 2 + 20, side / 2)[1], 200) << "which hides the light";
+    light.reset();
+    ManagerLight::shutdown();
 }
 
 TEST_P(VantrelGLRendererGLTest, GivesTheCameraToShaders) {

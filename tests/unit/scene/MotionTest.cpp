@@ -181,6 +181,21 @@ TEST_F(MotionDataTest, StaysAnUnbrokenPathWhereDirectionsAreMissing) {
     }
 }
 
+TEST_F(MotionDataTest, JoinsItsPhasesFarOutRightAboveTheTarget) {
+    Tests::RandomInput random;
+    for (int i = 0; i < 500; ++i) {
+        const Vector above(random.real(-3000, 3000), random.real(-500, 500), random.real(3, 40));
+        const Vector target = above - Vector(0, 0, random.real(1.5F, 12));
+        const Vector away = above + Vector(random.real(50, 900), random.real(-400, 400), random.real(-3, 60));
+        const ThreePhase coming = Move{"coming", away, unitZ, target, above}.data();
+        const ThreePhase leaving = Move{"leaving", above, unitZ, target, away}.data();
+        EXPECT_LT(angleBetween(poseAt(coming, 0.6).orientation, poseAt(coming, 0.6 + 1e-9).orientation),
+                  0.01);
+        EXPECT_LT(angleBetween(poseAt(leaving, 0.2).orientation, poseAt(leaving, 0.2 - 1e-9).orientation),
+                  0.01);
+    }
+}
+
 TEST_F(MotionDataTest, IsARotationAtAnyPointOfAnyMove) {
     Tests::RandomInput random;
     for (int i = 0; i < 2000; ++i) {
@@ -322,13 +337,15 @@ TEST_F(MotionOperatorTest, WarnsOfATooSlowSpeed) {
         EXPECT_EQ(motion->getMotionPlaybackSpeed(), speed);
     }
     for (const double nothing : {infinite, -infinite, std::numeric_limits<double>::quiet_NaN()}) {
+        EXPECT_EQ(reports.text(), "");
         motion->setMotionPlaybackSpeed(nothing);
         EXPECT_EQ(motion->getMotionPlaybackSpeed(), 0.00001);
         motion->setNormalizedTime(0.5);
         motion->setNormalizedTime(nothing);
         EXPECT_EQ(motion->getNormalizedTime(), 0.5);
     }
-    EXPECT_EQ(reports.text(), "");
+    EXPECT_TRUE(
+        reports.contains("   user tried to set timeMultiplier to nan which is too close to zero. The\n"));
 }
 
 TEST_F(MotionOperatorTest, StopsWithoutTargetOrPath) {

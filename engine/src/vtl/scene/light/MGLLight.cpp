@@ -99,7 +99,7 @@ void MGLLight::renderSelection(Camera* camera, std::uint8_t r, std::uint8_t g, s
 }
 
 void MGLLight::renderLensFlare(const Camera& camera) {
-    if (debugViewEnabled) { // the marker hides its own light
+    if (debugViewEnabled) { // the marker stands for it; without images a flare would be plain squares
         return;
     }
     prepareFlare();

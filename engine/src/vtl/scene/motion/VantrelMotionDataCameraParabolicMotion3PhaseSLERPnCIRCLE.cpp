@@ -80,6 +80,10 @@ Vector ThreePhase::flownPosition(double part) const {
     if (!hasArc()) {
         return startPosition + (destinationPosition - startPosition) * static_cast<float>(part);
     }
+    // The ends themselves, which rounding would miss: beside a target in line with `up` that turns the view.
+    if (part <= 0.0 || part >= 1.0) {
+        return part <= 0.0 ? startPosition : destinationPosition;
+    }
     constexpr double radiansPerDegree = 0.017453292519943295;
     return midpoint + turned(startOffset, circleAxis, static_cast<float>(part * 180.0 * radiansPerDegree));
 }

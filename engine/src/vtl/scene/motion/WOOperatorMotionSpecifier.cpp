@@ -15,7 +15,7 @@ WOOperatorMotionSpecifier::WOOperatorMotionSpecifier(WO* target, std::unique_ptr
 
 void WOOperatorMotionSpecifier::setMotionPlaybackSpeed(double multiplier) {
     constexpr double slowest = 0.00001;
-    if (std::abs(multiplier) < slowest) {
+    if (!(std::abs(multiplier) >= slowest)) {
         Report() << "WARNING: void Vantrel::WOOperatorMotionSpecifier::setMotionPlaybackSpeed( double "
                     "timeMultiplier )\n"
                  << "   user tried to set timeMultiplier to " << multiplier

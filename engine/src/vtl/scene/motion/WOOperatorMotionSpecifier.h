@@ -31,7 +31,7 @@ public:
     virtual bool setMotionRunning(bool running) { return isRunning = running; }
     virtual bool isMotionRunning() const { return isRunning; }
     /**
-     * Negative goes backwards. Nearer to zero than 0.00001 changes nothing and warns; what isn't finite
+     * Negative goes backwards. Nearer to zero than 0.00001, or no number, changes nothing and warns; infinity
      * changes nothing.
      */
     virtual void setMotionPlaybackSpeed(double multiplier);
