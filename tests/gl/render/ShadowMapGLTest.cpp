@@ -34,6 +34,7 @@ protected:
         SceneGLFixture::SetUp();
         glClearColor(0, 0, 0, 1);
         ManagerOpenGLState::setAxesVisible(false);
+        ManagerOpenGLState::setFrustumCullingEnabled(true);
         ManagerLight::init();
         list.emplace(false);
         floor = boxAt(Vector(16, 16, 1), Vector(0, 0, -0.5F));
@@ -109,6 +110,16 @@ TEST_P(ShadowMapGLTest, DarkensWhatTheLightDoesNotReachAndNothingElse) {
 }
 
 class ShadowMapFixedFunctionGLTest : public ShadowMapGLTest {};
+
+TEST_P(ShadowMapGLTest, WhatTheCameraDoesNotSeeThrowsShadowsToo) {
+    box->setPosition(-20, 0, 23);
+    light->setPosition(-25, 0, 28);
+    eye->setPosition(0, 0, 8);
+    ShadowingRenderer shadowing(true);
+    const PixelPicture shaded = shownBy(shadowing);
+    EXPECT_LT(atFloor(shaded, 3, 0)[0], atFloor(shaded, 1, 0)[0] / 2);
+    EXPECT_TRUE(ManagerOpenGLState::isFrustumCullingEnabled());
+}
 
 TEST_P(ShadowMapFixedFunctionGLTest, OnlyReports) {
     const PixelPicture plain = shownBy(*std::make_unique<ShadowingRenderer>(false));

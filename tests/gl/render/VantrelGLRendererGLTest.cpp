@@ -149,6 +149,14 @@ TEST_P(VantrelGLRendererGLTest, GivesTheCameraToShaders) {
     EXPECT_EQ(block.passMode, GLSLUniformBlockCameraTransforms::normalPass);
 }
 
+TEST_P(VantrelGLRendererGLTest, PicksInAViewportThatIsSmallerThanTheWindow) {
+    const auto cube = cubeAt(Vector(0, 0, 3), 2);
+    eye->setViewport({0, 0, side / 2, side / 2});
+    const float tangent = std::tan(32.5F * 0.017453292F);
+    EXPECT_EQ(pick(side / 4, static_cast<int>(side / 4 * (1 - 3 / 9.0F / tangent))), cube.get());
+    EXPECT_EQ(pick(side / 4, static_cast<int>(side / 4 * (1 + 3 / 9.0F / tangent))), nullptr);
+}
+
 TEST(UnprojectTest, IsTheWayBackFromTheWindow) {
     Mat4 projection;
     Mat4 view;
@@ -166,6 +174,8 @@ TEST(UnprojectTest, IsTheWayBackFromTheWindow) {
                                 20 + 200 * (clip[1] / clip[3] + 1) / 2, (clip[2] / clip[3] + 1) / 2, view,
                                 projection, viewport.data(), &back.x, &back.y, &back.z));
     EXPECT_NEAR(back.distanceFrom(point), 0, 0.01F);
+    const std::array<int, 4> nothing{0, 0, 300, 0};
+    EXPECT_FALSE(vtlGluUnProject(1, 1, 0.5F, view, projection, nothing.data(), &back.x, &back.y, &back.z));
     Mat4 flat;
     flat[10] = 0;
     EXPECT_FALSE(vtlGluUnProject(0, 0, 0, view, flat, viewport.data(), &back.x, &back.y, &back.z));

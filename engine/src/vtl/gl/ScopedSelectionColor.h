@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/gl/ScopedEnabled.h"
 #include "vtl/gl/ScopedModelMatrix.h"
 #include "vtl/gl/shader/ManagerShader.h"
 #include "vtl/gl/shader/ShaderCamera.h"
@@ -23,6 +24,7 @@ public:
         if (isFixedFunction) {
             setFixedFunction(modelMatrix, r, g, b);
         } else if (shader != nullptr) {
+            blending.emplace(GL_BLEND, false);
             shader->bind(camera.getViewProjectionMatrix() * modelMatrix, r, g, b);
         }
     }
@@ -51,6 +53,7 @@ private:
     bool isFixedFunction = !ManagerOpenGLState::isVersion32OrGreater();
     GLSLShaderDefaultSelectionGL32* shader;
     std::optional<ScopedModelMatrix> matrix;
+    std::optional<ScopedEnabled> blending;
 };
 
 } // namespace Vantrel

@@ -1,5 +1,7 @@
 #include "vtl/render/Unproject.h"
 
+#include "vtl/math/VectorChecks.h"
+
 #include <array>
 
 namespace Vantrel {
@@ -7,7 +9,7 @@ namespace Vantrel {
 bool vtlGluUnProject(float winX, float winY, float winZ, const Mat4& view, const Mat4& projection,
                      const int viewport[4], float* x, float* y, float* z) {
     Mat4 inverse;
-    if (!Mat4::invert(projection * view, inverse)) {
+    if (viewport[2] <= 0 || viewport[3] <= 0 || !Mat4::invert(projection * view, inverse)) {
         return false;
     }
     const auto share = [](float place, int from, int length) {
@@ -21,12 +23,13 @@ bool vtlGluUnProject(float winX, float winY, float winZ, const Mat4& view, const
             point[row] += inverse[4 * column + row] * clip[column];
         }
     }
-    if (point[3] == 0.0F) {
+    const Vector place(point[0] / point[3], point[1] / point[3], point[2] / point[3]);
+    if (!isFinite(place)) {
         return false;
     }
-    *x = point[0] / point[3];
-    *y = point[1] / point[3];
-    *z = point[2] / point[3];
+    *x = place.x;
+    *y = place.y;
+    *z = place.z;
     return true;
 }
 

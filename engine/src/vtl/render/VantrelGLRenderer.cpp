@@ -9,6 +9,7 @@
 #include "vtl/gl/LoadMatrices.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/ManagerWindowing.h"
+#include "vtl/gl/ScopedEnabled.h"
 #include "vtl/gl/ScopedModelMatrix.h"
 #include "vtl/gl/framebuffer/VantrelFrameBufferObject.h"
 #include "vtl/math/MatrixBuilders.h"
@@ -34,15 +35,6 @@ bool isStereoSplit() {
     return ManagerWindowing::isSplitHorizontal() || ManagerWindowing::isSplitVertical();
 }
 
-/** Gives every pixel one colour, as the picture of the ids needs it, where the window has several samples. */
-class ScopedSingleSample {
-public:
-    ScopedSingleSample() { glDisable(GL_MULTISAMPLE); }
-    ScopedSingleSample(const ScopedSingleSample&) = delete;
-    ScopedSingleSample& operator=(const ScopedSingleSample&) = delete;
-    ~ScopedSingleSample() { glEnable(GL_MULTISAMPLE); }
-};
-
 } // namespace
 
 std::unique_ptr<VantrelGLRenderer> VantrelGLRenderer::New() {
@@ -65,6 +57,8 @@ void VantrelGLRenderer::init() {
     if (isStereoSplit()) {
         leftEye = newEyePicture();
         rightEye = newEyePicture();
+    }
+    if (leftEye.buffer && rightEye.buffer) {
         Report() << "Initialized Stereoscopic Frame Buffers...\n";
     }
     if (shadowMappingEnabled) {
@@ -115,6 +109,7 @@ void VantrelGLRenderer::renderBothEyes(Camera* camera, DrawFirst&& drawFirst, Dr
     setStereoEyeFrustum(-right + shift, right + shift, -top, top, near, far, false, stereoSeparation, camera);
     drawSecond();
     camera->setPosition(middle);
+    camera->updateCameraMatrices();
 }
 
 void VantrelGLRenderer::setStereoEyeFrustum(float left, float right, float bottom, float top, float near,
@@ -193,6 +188,9 @@ void VantrelGLRenderer::composeSplit(const Vector& firstPlace, const Vector& sec
         const ModelMeshMatrices matrices{model, model, window};
         ModelMeshSkin skin(eye->buffer->createColorTexture());
         skin.bind(&matrices);
+        if (!ManagerOpenGLState::isVersion32OrGreater()) {
+            glEnable(GL_TEXTURE_2D); // also in the view for debugging
+        }
         eye->quad->render();
         skin.unbind();
     }
@@ -205,7 +203,9 @@ void VantrelGLRenderer::renderScene(Camera* camera, WorldContainer* world, bool 
         drawAxes(*camera);
     }
     if (shadowMappingEnabled) {
+        ManagerSDLTime::startStopwatch(Stopwatch::stageOfObjects);
         renderShadowMap(camera, world);
+        ManagerSDLTime::totals().shadowsMs += ManagerSDLTime::readStopwatch(Stopwatch::stageOfObjects);
     }
     world->render(camera);
     ManagerSDLTime::startStopwatch(Stopwatch::stageOfObjects);
@@ -239,7 +239,9 @@ void VantrelGLRenderer::renderSelectionFrame(Camera* camera, WorldContainer* wor
 }
 
 void VantrelGLRenderer::renderSelectionScene(Camera* camera, WorldContainer* world, bool clear) {
-    const ScopedSingleSample singleSample;
+    // Every pixel is of one object, as its id needs it.
+    const ScopedEnabled singleSample(GL_MULTISAMPLE, false);
+    const ScopedEnabled hardEdges(GL_LINE_SMOOTH, false);
     startScene(camera, world, clear);
     world->renderSelection(camera);
     camera->renderSelection(camera);

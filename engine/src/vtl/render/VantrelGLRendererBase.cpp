@@ -59,6 +59,7 @@ void VantrelGLRendererBase::initShadowMapping() {
         Report() << locationText() << "ERROR: SHADOW MAPPING REQUIRES GL 3.2+ or greater\n";
     } else if (!shadowMap) {
         shadowMap = ShadowMap::New(shadowMapSize);
+        shadowMappingEnabled = shadowMap != nullptr; // what can't be had isn't tried in every frame
     }
 }
 
@@ -77,7 +78,10 @@ void VantrelGLRendererBase::renderShadowMap(Camera* camera, WorldContainer* worl
     shadowMap->bindTexture();
     cameraTransforms->data.shadow = shadowMap->getMatrix().m;
     sendCamera(*atLight, GLSLUniformBlockCameraTransforms::shadowMapPass);
+    const bool isCulling = ManagerOpenGLState::isFrustumCullingEnabled();
+    ManagerOpenGLState::setFrustumCullingEnabled(false); // what isn't seen throws shadows too
     shadowMap->draw(*world);
+    ManagerOpenGLState::setFrustumCullingEnabled(isCulling);
     sendCamera(*camera, GLSLUniformBlockCameraTransforms::passAfterShadowMap);
 }
 

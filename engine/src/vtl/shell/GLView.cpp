@@ -281,7 +281,7 @@ LoopCode GLView::run() {
 }
 
 LoopCode GLView::handleEvents() {
-    ManagerSDLTime::startStopwatch(Stopwatch::stage);
+    ManagerSDLTime::startStopwatch(Stopwatch::mainLoop);
     formerCameras.clear();
     LoopCode code = LoopCode::carryOn;
     SDL_Event event{};
@@ -297,7 +297,7 @@ LoopCode GLView::handleEvents() {
             code = handleEvent(&event);
         }
     }
-    ManagerSDLTime::totals().eventsMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
+    ManagerSDLTime::totals().eventsMs += ManagerSDLTime::readStopwatch(Stopwatch::mainLoop);
     return code;
 }
 
@@ -457,7 +457,10 @@ void GLView::onKeyUp(const SDL_KeyboardEvent& event) {
 }
 
 bool GLView::handleGUIEvent(const SDL_Event& event) {
-    return !mouseHandler.isDragging() && ui.handleEvent(event, *worldLst);
+    // A press in the scene has the mouse until it ends, its first motion included.
+    const bool isOfMouse = event.type >= SDL_MOUSEMOTION && event.type <= SDL_MOUSEBUTTONUP;
+    const bool isScenes = mouseHandler.isDragging() || (isOfMouse && mouseHandler.isAnyDown());
+    return !isScenes && ui.handleEvent(event, *worldLst);
 }
 
 LoopCode GLView::handleEvent(SDL_Event* event) {
@@ -502,6 +505,9 @@ LoopCode GLView::handleEvent(SDL_Event* event) {
         break;
     default:
         Report() << "GLView::handleEvent(): Unknown SDL_Event sdlEvent.type='" << event->type << "'\n";
+        if (event->type == SDL_DROPFILE || event->type == SDL_DROPTEXT) {
+            SDL_free(event->drop.file); // the receiver's
+        }
         break;
     }
     return LoopCode::carryOn;

@@ -1,15 +1,17 @@
 #include "vtl/shell/UI.h"
 
 #include "vtl/scene/camera/HeldKeys.h"
+#include "vtl/scene/gui/WOGUIRoot.h"
 #include "vtl/scene/object/WorldContainer.h"
 
 namespace Vantrel {
 namespace {
 
-/** The enabled widget at a pixel of the window; null for none. */
+/** The topmost enabled widget at a pixel of the window, but for the root; null for none. */
 WOGUI* findEnabled(const WorldContainer& world, int x, int y) {
-    WOGUI* const widget = world.getGUIWidgetAtPixel(x, y);
-    return widget != nullptr && widget->getEnabled() ? widget : nullptr;
+    WOGUIRoot* const root = world.getRootGUI();
+    WOGUI* const widget = root != nullptr ? root->widgetAt(x, y, WOGUI::Wanted::enabledOnes) : nullptr;
+    return widget != root ? widget : nullptr;
 }
 
 } // namespace
@@ -83,7 +85,9 @@ bool UI::onMouseUp(const SDL_MouseButtonEvent& event, const WorldContainer& worl
         return false;
     }
     widget->onMouseUp(event);
-    if (widget && widget.get() == pressedWidget.get()) {
+    const bool isClick = widget && widget.get() == pressedWidget.get();
+    pressedWidget = nullptr;
+    if (isClick) {
         clickedWidget = widget;
         widget->onMouseClicked(event);
     }

@@ -27,6 +27,7 @@ public:
     bool isLeftDown() const { return down.left; }
     bool isRightDown() const { return down.right; }
     bool isMiddleDown() const { return down.middle; }
+    bool isAnyDown() const { return down.any(); }
     /** Whether it was the left button that the last press was of. */
     bool isLeftPressed() const { return pressed.left; }
     /** The last motion with a button held, in pixels, y downwards. */

@@ -85,18 +85,18 @@ void WOGUI::setModelPosition(const Vector& place) {
         *this, [](WOGUI& child) { child.setModelPosition(child.toOwnerSpace(child.relativePosition)); });
 }
 
-WOGUI* WOGUI::widgetAt(int x, int y) {
+WOGUI* WOGUI::widgetAt(int x, int y, Wanted wanted) {
     if (!isVisible() || !containsPixel(x, y)) {
         return nullptr;
     }
     const WorldObjectChildContainer& children = getChildList();
     for (std::size_t i = children.size(); i > 0; --i) { // later ones lie on top
         auto* const child = dynamic_cast<WOGUI*>(children.at(i - 1));
-        if (WOGUI* const found = child != nullptr ? child->widgetAt(x, y) : nullptr) {
+        if (WOGUI* const found = child != nullptr ? child->widgetAt(x, y, wanted) : nullptr) {
             return found;
         }
     }
-    return this;
+    return wanted == Wanted::all || enabled ? this : nullptr;
 }
 
 bool WOGUI::containsPixel(int x, int y) const {

@@ -36,8 +36,12 @@ public:
     /** The centre in the unit square; the widgets below follow by their fractions. */
     virtual void setModelPosition(const Vector& place);
 
-    /** The topmost visible widget at a pixel of the window, y downwards: this or one below; null for none. */
-    WOGUI* widgetAt(int x, int y);
+    enum class Wanted : std::uint8_t { all, enabledOnes };
+    /**
+     * The topmost visible widget at a pixel of the window, y downwards: this one or one of its tree; null for
+     * none. One that isn't wanted lets through to what is under it.
+     */
+    WOGUI* widgetAt(int x, int y, Wanted wanted = Wanted::all);
     /** Whether the rectangle holds that pixel, its edges included. */
     bool containsPixel(int x, int y) const;
     bool getHasFocus() const { return hasFocus; }
