@@ -39,6 +39,7 @@ VantrelGLRenderer::~VantrelGLRenderer() = default;
 void VantrelGLRenderer::render(Camera* camera, WorldContainer* world) {
     checkGLError(beforeFrame);
     renderSingleFrame(camera, world);
+    captureRequestedFrames();
     ManagerSDLTime::startStopwatch(Stopwatch::stage);
     SDL_GL_SwapWindow(ManagerWindowing::getWindow());
     ManagerSDLTime::totals().swappingMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);

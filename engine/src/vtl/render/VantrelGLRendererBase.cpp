@@ -4,6 +4,7 @@
 #include "vtl/base/Report.h"
 #include "vtl/base/SourceLocation.h"
 #include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/gl/capture/ManagerFrameCapture.h"
 #include "vtl/render/Unproject.h"
 #include "vtl/scene/camera/Camera.h"
 #include "vtl/scene/light/ManagerLight.h"
@@ -11,6 +12,7 @@
 
 #include <GL/glew.h>
 #include <array>
+#include <utility>
 
 namespace Vantrel {
 namespace {
@@ -37,20 +39,33 @@ void VantrelGLRendererBase::updateCamera(Camera* camera) {
     ManagerSDLTime::startStopwatch(Stopwatch::stage);
     camera->update();
     camera->updateCameraMatrices();
-    if (cameraTransforms) {
-        cameraTransforms->data.view = camera->getViewMatrix().m;
-        cameraTransforms->data.projection = camera->getProjectionMatrix().m;
-        cameraTransforms->data.passMode = GLSLUniformBlockCameraTransforms::normalPass;
-        cameraTransforms->upload();
-    }
+    loadCamera(*camera);
     ManagerSDLTime::totals().updatingCameraMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
-    if (ManagerOpenGLState::isCompatibilityProfile()) {
-        loadMatrix(GL_PROJECTION, camera->getProjectionMatrix());
-        loadMatrix(GL_MODELVIEW, camera->getViewMatrix());
-    }
     const CameraViewport& viewport = camera->getViewport();
     glViewport(viewport.x, viewport.y, viewport.width, viewport.height);
     ManagerLight::writeLights();
+}
+
+void VantrelGLRendererBase::loadCamera(const Camera& camera) {
+    if (cameraTransforms) {
+        cameraTransforms->data.view = camera.getViewMatrix().m;
+        cameraTransforms->data.projection = camera.getProjectionMatrix().m;
+        cameraTransforms->data.passMode = GLSLUniformBlockCameraTransforms::normalPass;
+        cameraTransforms->upload();
+    }
+    if (ManagerOpenGLState::isCompatibilityProfile()) {
+        loadMatrix(GL_PROJECTION, camera.getProjectionMatrix());
+        loadMatrix(GL_MODELVIEW, camera.getViewMatrix());
+    }
+}
+
+void VantrelGLRendererBase::captureRequestedFrames() {
+    if (std::exchange(captureNextFrame, false)) {
+        ManagerFrameCapture::captureFrame();
+    }
+    if (std::exchange(captureNamedFrame, false)) {
+        ManagerFrameCapture::saveFrame(std::exchange(frameCaptureName, {}), true, nullptr);
+    }
 }
 
 WO* VantrelGLRendererBase::pickWO(const SDL_MouseButtonEvent& event, Camera* camera, WorldContainer* world) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace Vantrel {
 
@@ -34,6 +35,8 @@ public:
     virtual void renderScene(Camera* camera, WorldContainer* world, bool clear) = 0;
     /** Lets the camera move and gives its view to GL. */
     virtual void updateCamera(Camera* camera);
+    /** Gives a camera's matrices to GL as they are. */
+    void loadCamera(const Camera& camera);
 
     /**
      * What shows at a pixel, counted from the top left of the camera's viewport: draws the world in the
@@ -54,9 +57,31 @@ public:
     /** `object` itself or the first one below it with that colour of its id; null for none. */
     virtual WO* findWOByColor(WO* object, std::uint8_t r, std::uint8_t g, std::uint8_t b);
 
+    /** Whether the next frame that is shown is kept by `ManagerFrameCapture`. */
+    bool isCaptureNextFrame() const { return captureNextFrame; }
+    void setCaptureNextFrame(bool wanted) { captureNextFrame = wanted; }
+    /** Whether the next frame that is shown is saved. */
+    bool isCaptureNamedFrame() const { return captureNamedFrame; }
+    /** Under that name, or one that no file has where it is empty. */
+    void setCaptureNamedFrame(bool wanted, const std::string& name) {
+        captureNamedFrame = wanted;
+        frameCaptureName = name;
+    }
+    void setCaptureNamedFrame(bool wanted) { captureNamedFrame = wanted; }
+
 protected:
+    friend class ScopedView;
+
+    /** Takes the pictures that have been asked for; when all of a frame is drawn, before its swap. */
+    void captureRequestedFrames();
+
     /** What shaders know of the camera; null below 3.2. */
     std::unique_ptr<GLSLUniformBlockT<GLSLUniformBlockCameraTransforms>> cameraTransforms;
+
+private:
+    std::string frameCaptureName;
+    bool captureNextFrame = false;
+    bool captureNamedFrame = false;
 };
 
 } // namespace Vantrel

@@ -9,6 +9,7 @@
 #include "vtl/gl/GLError.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/ManagerWindowing.h"
+#include "vtl/gl/capture/ManagerFrameCapture.h"
 #include "vtl/gl/shader/ManagerShader.h"
 #include "vtl/gl/texture/ManagerTexture.h"
 #include "vtl/net/ManagerSerializableNetMsgMap.h"
@@ -236,6 +237,8 @@ void GLView::initDrawing() {
     constexpr std::int32_t afterTexture = 212129;
     ManagerLight::init();
     reportStep("Initialized ManagerLight...");
+    ManagerFrameCapture::init();
+    reportStep("Initialized ManagerFrameCapture...");
     initCameraState();
     createCamera();
     renderer = VantrelGLRenderer::New();
@@ -365,6 +368,7 @@ void GLView::shutdownManagers() {
     ManagerSerializableNetMsgMap::shutdown();
     ManagerTexture::shutdown();
     ManagerShader::shutdown();
+    ManagerFrameCapture::shutdown();
     ManagerWindowing::shutdown();
     ManagerOpenGLState::shutdown();
     Configuration::shutdown();
@@ -444,6 +448,9 @@ void GLView::onKeyDown(const SDL_KeyboardEvent& event) {
         break;
     case SDLK_F7:
         Report() << ManagerTexture::toString() << "\n";
+        break;
+    case SDLK_F12:
+        renderer->setCaptureNextFrame(true);
         break;
     default:
         break;
