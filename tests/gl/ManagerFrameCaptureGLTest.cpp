@@ -1,6 +1,7 @@
 #include "vtl/gl/capture/ManagerFrameCapture.h"
 
 #include "vtl/gl/capture/BackBufferReading.h"
+#include "vtl/gl/capture/CaptureFile.h"
 #include "vtl/gl/framebuffer/ScopedFrameBuffer.h"
 #include "vtl/gl/texture/ImageFile.h"
 
@@ -204,19 +205,23 @@ using ManagerFrameCaptureFilesTest = ManagerFrameCaptureGLTest;
 TEST_P(ManagerFrameCaptureFilesTest, TheLatestFrameOfANameStays) {
     constexpr Size large{windowWidth, windowHeight};
     constexpr Size small{3, 2};
-    for (int i = 0; i < 12; ++i) {
-        draw(i, i % 2 == 0 ? large : small);
-        EXPECT_TRUE(save("same.bmp", true));
-        if (i % 4 == 3) {
-            ManagerFrameCapture::finishSaving();
-            EXPECT_TRUE(isFileOf(i, small, "same.bmp", bmpBegins)) << i;
+    draw(0, large);
+    ManagerFrameCapture::captureFrame();
+    draw(1, small);
+    ManagerFrameCapture::captureFrame();
+    CaptureFile first("same.bmp");
+    CaptureFile second("same.bmp"); // before anything is written
+    EXPECT_TRUE(ManagerFrameCapture::getFrame(0)->saveToFile(first));
+    EXPECT_TRUE(ManagerFrameCapture::getFrame(1)->saveToFile(second));
+    EXPECT_TRUE(isFileOf(1, small, "same.bmp", bmpBegins));
+    for (const bool deleteAfterSaving : {true, false}) {
+        for (int i = 2; i < 12; ++i) {
+            draw(i, i % 2 == 0 ? large : small);
+            EXPECT_TRUE(save("same.bmp", deleteAfterSaving || i < 11));
         }
+        ManagerFrameCapture::finishSaving();
+        EXPECT_TRUE(isFileOf(11, small, "same.bmp", bmpBegins)) << deleteAfterSaving;
     }
-    draw(1, large);
-    EXPECT_TRUE(save("same.bmp", true));
-    draw(2, small);
-    EXPECT_TRUE(save("same.bmp", false));
-    EXPECT_TRUE(isFileOf(2, small, "same.bmp", bmpBegins));
 }
 
 TEST_P(ManagerFrameCaptureFilesTest, FillsTheGapsOfItsNames) {

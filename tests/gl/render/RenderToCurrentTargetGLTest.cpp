@@ -98,10 +98,11 @@ TEST_P(RenderToCurrentTargetGLTest, DrawsAWorldAsTheWindowShowsIt) {
     const auto far = cubeAt(Vector(9, -1, -1));
     renderer->renderSingleFrame(&*eye, &*list);
     PixelPicture expected = Tests::readPixels(side, side);
-
     std::ranges::replace(expected.pixels, Pixel{0, 0, 255}, green);
     EXPECT_GT(std::ranges::count(expected.pixels, white), 50);
     EXPECT_EQ(worldPicture(true, true).pixels, expected.pixels);
+    const CameraStandardEZNav elsewhere(nullptr, nullptr);
+    renderer->loadCamera(elsewhere);
     EXPECT_EQ(worldPicture(true, false).pixels, expected.pixels);
 }
 
