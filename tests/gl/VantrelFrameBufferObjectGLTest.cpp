@@ -163,11 +163,9 @@ TEST_P(VantrelFrameBufferObjectGLTest, IsNotBoundAgainOnceItHasDied) {
 }
 
 TEST_P(VantrelFrameBufferObjectGLTest, BindsEndWithTheContext) {
-    {
-        const auto frameBuffer = make(40, 30);
-        frameBuffer->bind();
-        Tests::stopGL();
-    }
+    const auto frameBuffer = make(40, 30);
+    frameBuffer->bind();
+    Tests::stopGL();
     Tests::startGL(GetParam());
     expectTarget(nullptr);
 }

@@ -62,6 +62,7 @@ TEST(ViewerLifecycleTest, StartsInItsOrderServesAndStopsWithItsLastLine) {
                       "Initialized ManagerOpenGLState...\n",
                       "Initialized ManagerShader...\n",
                       "Finished Drawing ManagerWindows::drawLoadingScreen()...\n",
+                      "Initialized ManagerLight...\nInitialized ManagerFrameCapture...\n",
                       "Initialized ManagerTexture:...\n",
                       "Now invoking module's loadMap()...\n",
                       "Returned from module's loadMap()...\n",

@@ -3,6 +3,7 @@
 #include "vtl/base/Report.h"
 #include "vtl/gl/GLError.h"
 #include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/gl/framebuffer/ScopedFramebufferBinding.h"
 #include "vtl/gl/shader/GLSLShaderDataShared.h"
 #include "vtl/scene/camera/CameraStandardEZNav.h"
 #include "vtl/scene/light/WOLight.h"
@@ -14,21 +15,6 @@
 
 namespace Vantrel {
 namespace {
-
-/** Draws into another frame buffer object while it lives. */
-class ScopedFramebuffer {
-public:
-    explicit ScopedFramebuffer(const GLFramebuffer& framebuffer) {
-        glGetIntegerv(GL_FRAMEBUFFER_BINDING, &former);
-        glBindFramebuffer(GL_FRAMEBUFFER, framebuffer.get());
-    }
-    ScopedFramebuffer(const ScopedFramebuffer&) = delete;
-    ScopedFramebuffer& operator=(const ScopedFramebuffer&) = delete;
-    ~ScopedFramebuffer() { glBindFramebuffer(GL_FRAMEBUFFER, static_cast<GLuint>(former)); }
-
-private:
-    GLint former = 0;
-};
 
 /** Draws far sides alone, set back a little, so that a face that is lit doesn't shade itself. */
 class ScopedFarSides {
@@ -77,7 +63,8 @@ bool ShadowMap::build() {
                  nullptr);
     glBindTexture(GL_TEXTURE_2D, 0);
     framebuffer = GLFramebuffer::create();
-    const ScopedFramebuffer bound(framebuffer);
+    const ScopedFramebufferBinding former;
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer.get());
     glFramebufferTexture2D(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_TEXTURE_2D, depths.get(), 0);
     constexpr GLenum none = GL_NONE;
     glDrawBuffers(1, &none);
@@ -108,7 +95,8 @@ Mat4 ShadowMap::getMatrix() const {
 }
 
 void ShadowMap::draw(WorldContainer& world) const {
-    const ScopedFramebuffer bound(framebuffer);
+    const ScopedFramebufferBinding former;
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer.get());
     const ScopedFarSides farSides;
     glClear(GL_DEPTH_BUFFER_BIT);
     world.render(camera.get());

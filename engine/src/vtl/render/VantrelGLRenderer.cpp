@@ -83,6 +83,7 @@ void VantrelGLRenderer::render(Camera* camera, WorldContainer* world) {
     } else {
         renderStereoQuadBuffered(camera, world);
     }
+    captureRequestedFrames();
     ManagerSDLTime::startStopwatch(Stopwatch::stage);
     SDL_GL_SwapWindow(ManagerWindowing::getWindow());
     ManagerSDLTime::totals().swappingMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);

@@ -5,6 +5,7 @@
 #include "vtl/base/SourceLocation.h"
 #include "vtl/gl/LoadMatrices.h"
 #include "vtl/gl/ManagerOpenGLState.h"
+#include "vtl/gl/capture/ManagerFrameCapture.h"
 #include "vtl/render/ShadowMap.h"
 #include "vtl/render/Unproject.h"
 #include "vtl/scene/camera/Camera.h"
@@ -13,6 +14,7 @@
 
 #include <GL/glew.h>
 #include <array>
+#include <utility>
 
 namespace Vantrel {
 namespace {
@@ -41,7 +43,7 @@ void VantrelGLRendererBase::updateCamera(Camera* camera) {
     ManagerLight::writeLights();
 }
 
-void VantrelGLRendererBase::sendCamera(const Camera& camera,
+void VantrelGLRendererBase::loadCamera(const Camera& camera,
                                        GLSLUniformBlockCameraTransforms::PassMode passMode) {
     if (cameraTransforms) {
         cameraTransforms->data.view = camera.getViewMatrix().m;
@@ -50,6 +52,11 @@ void VantrelGLRendererBase::sendCamera(const Camera& camera,
         cameraTransforms->upload();
     }
     loadMatrices(camera.getProjectionMatrix(), camera.getViewMatrix());
+}
+
+void VantrelGLRendererBase::sendCamera(const Camera& camera,
+                                       GLSLUniformBlockCameraTransforms::PassMode passMode) {
+    loadCamera(camera, passMode);
     const CameraViewport& viewport = camera.getViewport();
     glViewport(viewport.x, viewport.y, viewport.width, viewport.height);
 }
@@ -87,6 +94,15 @@ void VantrelGLRendererBase::renderShadowMap(Camera* camera, WorldContainer* worl
 
 void VantrelGLRendererBase::destroyShadowMapping() {
     shadowMap.reset();
+}
+
+void VantrelGLRendererBase::captureRequestedFrames() {
+    if (std::exchange(captureNextFrame, false)) {
+        ManagerFrameCapture::captureFrame();
+    }
+    if (std::exchange(captureNamedFrame, false)) {
+        ManagerFrameCapture::saveFrame(std::exchange(frameCaptureName, {}), true, nullptr);
+    }
 }
 
 WO* VantrelGLRendererBase::pickWO(const SDL_MouseButtonEvent& event, Camera* camera, WorldContainer* world) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace Vantrel {
 
@@ -45,6 +46,9 @@ public:
     virtual void renderScene(Camera* camera, WorldContainer* world, bool clear) = 0;
     /** Lets the camera move and gives its view to GL. */
     virtual void updateCamera(Camera* camera);
+    /** Gives a camera's matrices to GL as they are. */
+    void loadCamera(const Camera& camera, GLSLUniformBlockCameraTransforms::PassMode passMode =
+                                              GLSLUniformBlockCameraTransforms::normalPass);
 
     /**
      * What shows at a pixel, counted from the top left of the camera's viewport: draws the world in the
@@ -67,8 +71,22 @@ public:
     /** What needs the window and the settings; part of every `New`. */
     virtual void init() = 0;
 
+    /** Whether the next frame that is shown is kept by `ManagerFrameCapture`. */
+    bool isCaptureNextFrame() const { return captureNextFrame; }
+    void setCaptureNextFrame(bool wanted) { captureNextFrame = wanted; }
+    /** Whether the next frame that is shown is saved. */
+    bool isCaptureNamedFrame() const { return captureNamedFrame; }
+    /** Under that name, or one that no file has where it is empty. */
+    void setCaptureNamedFrame(bool wanted, const std::string& name) {
+        captureNamedFrame = wanted;
+        frameCaptureName = name;
+    }
+    void setCaptureNamedFrame(bool wanted) { captureNamedFrame = wanted; }
+
 protected:
-    /** Gives the view that the camera has just computed, whatever it is, to GL. */
+    friend class ScopedView;
+
+    /** The same with the camera's viewport. */
     void sendCamera(const Camera& camera, GLSLUniformBlockCameraTransforms::PassMode passMode =
                                               GLSLUniformBlockCameraTransforms::normalPass);
 
@@ -76,11 +94,17 @@ protected:
     bool shadowMappingEnabled = false;
     /** Texels along each side. */
     std::int32_t shadowMapSize = 8192;
+    /** Takes the pictures that have been asked for; when all of a frame is drawn, before its swap. */
+    void captureRequestedFrames();
+
     /** What shaders know of the camera; null below 3.2. */
     std::unique_ptr<GLSLUniformBlockT<GLSLUniformBlockCameraTransforms>> cameraTransforms;
 
 private:
     std::unique_ptr<ShadowMap> shadowMap;
+    std::string frameCaptureName;
+    bool captureNextFrame = false;
+    bool captureNamedFrame = false;
 };
 
 } // namespace Vantrel

@@ -9,6 +9,7 @@
 #include "vtl/gl/GLError.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/gl/ManagerWindowing.h"
+#include "vtl/gl/capture/ManagerFrameCapture.h"
 #include "vtl/gl/shader/ManagerShader.h"
 #include "vtl/gl/texture/ManagerTexture.h"
 #include "vtl/net/ManagerSerializableNetMsgMap.h"
@@ -223,6 +224,8 @@ void GLView::initDrawing() {
     constexpr std::int32_t afterTexture = 212129;
     ManagerLight::init();
     reportStep("Initialized ManagerLight...");
+    ManagerFrameCapture::init();
+    reportStep("Initialized ManagerFrameCapture...");
     ManagerDeviceInput::init();
     reportStep("Initialized ManagerDeviceInput...");
     initCameraState();
@@ -359,6 +362,7 @@ void GLView::shutdownManagers() {
     ManagerSerializableNetMsgMap::shutdown();
     ManagerDeviceInput::shutdown();
     ManagerShader::shutdown();
+    ManagerFrameCapture::shutdown();
     ManagerWindowing::shutdown();
     ManagerOpenGLState::shutdown();
     Configuration::shutdown();
@@ -441,6 +445,9 @@ void GLView::onKeyDown(const SDL_KeyboardEvent& event) {
         break;
     case SDLK_F7:
         Report() << ManagerTexture::toString() << "\n";
+        break;
+    case SDLK_F12:
+        renderer->setCaptureNextFrame(true);
         break;
     default:
         break;

@@ -119,6 +119,7 @@ public:
     Vector getOrthographicExtent() const;
     /** An orthographic projection is the one of the GUI until the next update. */
     void setProjectionType(PROJ_MATRIX_PROJ_TYPE type);
+    PROJ_MATRIX_PROJ_TYPE getProjectionType() const { return camProjectionType; }
     /** Always that of a perspective. */
     void updateFrustum();
     /** By the projection type. */

@@ -1,0 +1,76 @@
+#include "vtl/gl/capture/FrameCaptureWriter.h"
+
+#include "vtl/base/Report.h"
+
+#include <exception>
+#include <sys/resource.h>
+#include <unistd.h>
+#include <utility>
+
+namespace Vantrel {
+namespace {
+
+constexpr std::size_t waitingAtMost = 8;
+
+void writeReportingFailures(FrameCaptureWriter::Capture capture) {
+    try {
+        capture.frame.saveToFile(capture.file);
+    } catch (const std::exception& failure) {
+        Report() << "ERROR: The frame capture '" << capture.file.getName()
+                 << "' couldn't be written: " << failure.what() << "...\n";
+    }
+}
+
+/** Lets the main thread go on where a frame handed over has just woken this one on a busy machine. */
+void giveWayToOtherThreads() {
+    constexpr int nicer = 10;
+    ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), nicer);
+}
+
+} // namespace
+
+FrameCaptureWriter::FrameCaptureWriter() : thread([this] { run(); }) {
+}
+
+FrameCaptureWriter::~FrameCaptureWriter() {
+    {
+        const std::scoped_lock lock(mutex);
+        isEnding = true;
+    }
+    changed.notify_all();
+    thread.join();
+}
+
+void FrameCaptureWriter::write(Capture capture) {
+    std::unique_lock lock(mutex);
+    changed.wait(lock, [this] { return waiting.size() < waitingAtMost; });
+    waiting.push_back(std::move(capture));
+    changed.notify_all();
+}
+
+void FrameCaptureWriter::finish() {
+    std::unique_lock lock(mutex);
+    changed.wait(lock, [this] { return waiting.empty() && !isWriting; });
+}
+
+void FrameCaptureWriter::run() {
+    giveWayToOtherThreads();
+    std::unique_lock lock(mutex);
+    for (;;) {
+        changed.wait(lock, [this] { return isEnding || !waiting.empty(); });
+        if (waiting.empty()) {
+            return;
+        }
+        Capture next = std::move(waiting.front());
+        waiting.pop_front();
+        isWriting = true;
+        changed.notify_all();
+        lock.unlock();
+        writeReportingFailures(std::move(next));
+        lock.lock();
+        isWriting = false;
+        changed.notify_all();
+    }
+}
+
+} // namespace Vantrel
