@@ -4,6 +4,7 @@
 
 #include <array>
 #include <gtest/gtest.h>
+#include <iostream>
 #include <unistd.h>
 
 namespace Vantrel {
@@ -39,6 +40,9 @@ TEST(PauseTest, FatalPathEndsTheProcessAfterTheKey) {
     typeAhead("\n");
     EXPECT_EXIT(Pause::exitAfterKey(), ::testing::ExitedWithCode(255), "");
     EXPECT_EXIT(Pause::exitAfterKey(1), ::testing::ExitedWithCode(1), "");
+    Pause::setLastDuty([] { std::cerr << "done"; });
+    EXPECT_EXIT(Pause::exitNow(1), ::testing::ExitedWithCode(1), "^done$");
+    Pause::setLastDuty(nullptr);
 }
 
 } // namespace

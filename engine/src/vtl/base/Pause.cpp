@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <unistd.h>
+#include <utility>
 
 namespace Vantrel {
 namespace {
@@ -18,6 +19,7 @@ void readKey() {
 }
 
 Pause::KeySource keySource = readKey;
+Pause::LastDuty lastDuty = nullptr;
 
 } // namespace
 
@@ -36,8 +38,16 @@ void Pause::exitAfterKey(int exitCode) {
 
 void Pause::exitNow(int exitCode) {
     Reports::flush();
+    if (const LastDuty duty = std::exchange(lastDuty, nullptr)) {
+        duty();
+        Reports::flush();
+    }
     // Not exit(): the network thread may be running, and static objects must not go from under it.
     std::_Exit(exitCode);
+}
+
+void Pause::setLastDuty(LastDuty duty) {
+    lastDuty = duty;
 }
 
 void Pause::setKeySource(KeySource source) {

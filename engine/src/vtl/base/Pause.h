@@ -7,6 +7,7 @@ class Pause {
 public:
     /** Stands in for standard input in a test. */
     using KeySource = void (*)();
+    using LastDuty = void (*)();
 
     /**
      * Flushes the reports and waits for one character on standard input. End of file and a signal count as
@@ -19,6 +20,8 @@ public:
     [[noreturn]] static void exitAfterKey(int exitCode = -1);
     /** The end of a fatal path that asks nobody. */
     [[noreturn]] static void exitNow(int exitCode = -1);
+    /** What must be finished before a fatal path ends the process; null for nothing. Main thread. */
+    static void setLastDuty(LastDuty duty);
 
     /** Takes keys from `source`; null goes back to standard input. Main thread. */
     static void setKeySource(KeySource source);

@@ -90,7 +90,7 @@ void renderToCurrentTarget(const VantrelFrameBufferObject& target, VantrelGLRend
     ManagerLight::synchronize(&camera);
     ManagerOpenGLState::restorePerObjectState();
     object.render(&camera);
-    checkGLError(afterDrawing, &object);
+    checkGLError(afterDrawing);
     if (pause) {
         showAndWait();
     }

@@ -447,7 +447,9 @@ void GLView::onKeyDown(const SDL_KeyboardEvent& event) {
         Report() << ManagerTexture::toString() << "\n";
         break;
     case SDLK_F12:
-        renderer->setCaptureNextFrame(true);
+        if (event.repeat == 0) { // a frame a press, however long it is
+            renderer->setCaptureNextFrame(true);
+        }
         break;
     default:
         break;

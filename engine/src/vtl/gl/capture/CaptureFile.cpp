@@ -60,7 +60,6 @@ bool endsInPNG(std::string_view name) {
 }
 
 bool encode(SDL_Surface& image, std::FILE& file, bool isPNG) {
-    SDL_ClearError();
     SDL_RWops* const stream = SDL_RWFromFP(&file, SDL_FALSE);
     if (stream == nullptr) {
         return false;
@@ -81,13 +80,17 @@ bool CaptureFile::write(SDL_Surface& image) {
     if (isPNG) {
         Report() << "Writing out a png...\n";
     }
+    SDL_ClearError();
+    errno = 0;
     // Another capture of that name, opened before this one, may have been written to it since.
     const bool isEmpty = ::ftruncate(::fileno(file.get()), 0) == 0;
     const bool isEncoded = isEmpty && encode(image, *file, isPNG);
     const bool isClosed = std::fclose(file.release()) == 0;
     if (!isEncoded || !isClosed) {
-        Report() << "ERROR: The frame capture '" << name << "' couldn't be written to its end. SDL says '"
-                 << SDL_GetError() << "'...\n";
+        const int error = errno;
+        Report() << "ERROR: The frame capture '" << name
+                 << "' couldn't be written to its end: " << (error != 0 ? errorText(error) : SDL_GetError())
+                 << "...\n";
         return false;
     }
     return true;

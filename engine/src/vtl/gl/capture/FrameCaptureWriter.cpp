@@ -2,7 +2,9 @@
 
 #include "vtl/base/Report.h"
 
+#include <SDL.h>
 #include <exception>
+#include <new>
 #include <sys/resource.h>
 #include <unistd.h>
 #include <utility>
@@ -16,8 +18,11 @@ void writeReportingFailures(FrameCaptureWriter::Capture capture) {
     try {
         capture.frame.saveToFile(capture.file);
     } catch (const std::exception& failure) {
-        Report() << "ERROR: The frame capture '" << capture.file.getName()
-                 << "' couldn't be written: " << failure.what() << "...\n";
+        try {
+            Report() << "ERROR: The frame capture '" << capture.file.getName()
+                     << "' couldn't be written: " << failure.what() << "...\n";
+        } catch (const std::bad_alloc&) { // not even for that
+        }
     }
 }
 
@@ -59,6 +64,7 @@ void FrameCaptureWriter::run() {
     for (;;) {
         changed.wait(lock, [this] { return isEnding || !waiting.empty(); });
         if (waiting.empty()) {
+            SDL_TLSCleanup(); // SDL keeps an error text for each thread
             return;
         }
         Capture next = std::move(waiting.front());

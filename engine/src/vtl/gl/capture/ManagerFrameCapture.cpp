@@ -1,5 +1,6 @@
 #include "vtl/gl/capture/ManagerFrameCapture.h"
 
+#include "vtl/base/Pause.h"
 #include "vtl/base/Report.h"
 #include "vtl/gl/ManagerWindowing.h"
 #include "vtl/gl/capture/BackBufferReading.h"
@@ -21,7 +22,7 @@ void readWindow(VantrelFrameCapture& frame) {
     const int height = ManagerWindowing::getWindowHeight();
     const std::size_t size =
         static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * bytesOfCapturedPixel;
-    auto data = std::make_unique_for_overwrite<std::uint8_t[]>(size);
+    auto data = std::make_unique<std::uint8_t[]>(size); // black where GL has nothing to tell
     readBackBuffer(width, height, {data.get(), size});
     frame.setFrameData(static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height),
                        static_cast<std::uint32_t>(bytesOfCapturedPixel), std::move(data));
@@ -66,10 +67,12 @@ ManagerFrameCapture::State ManagerFrameCapture::state;
 void ManagerFrameCapture::init() {
     shutdown();
     state.isStarted = true;
+    Pause::setLastDuty(finishSaving);
 }
 
 void ManagerFrameCapture::shutdown() {
     state = State{};
+    Pause::setLastDuty(nullptr);
 }
 
 bool ManagerFrameCapture::canCapture() {

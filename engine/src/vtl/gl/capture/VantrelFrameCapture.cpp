@@ -12,8 +12,8 @@ namespace Vantrel {
 void VantrelFrameCapture::setFrameData(std::uint32_t newWidth, std::uint32_t newHeight,
                                        std::uint32_t newBytesPerPixel, std::unique_ptr<std::uint8_t[]> data) {
     frameData = std::move(data);
-    width = newWidth;
-    height = newHeight;
+    width = frameData != nullptr ? newWidth : 0;
+    height = frameData != nullptr ? newHeight : 0;
     bytesPerPixel = newBytesPerPixel;
 }
 
