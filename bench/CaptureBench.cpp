@@ -9,6 +9,7 @@
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>
+#include <filesystem>
 #include <random>
 #include <vector>
 
@@ -63,6 +64,7 @@ BENCHMARK_DEFINE_F(CaptureBench, captureAndHandOver)(benchmark::State& state) {
         }
         state.PauseTiming();
         ManagerFrameCapture::finishSaving();
+        std::filesystem::remove(name); // as most captures have new names
         state.ResumeTiming();
     }
 }
@@ -84,6 +86,9 @@ BENCHMARK_DEFINE_F(CaptureBench, captureEncodeAndWrite)(benchmark::State& state)
             state.SkipWithError("not saved");
         }
         ManagerFrameCapture::deleteFrame(index);
+        state.PauseTiming();
+        std::filesystem::remove(name);
+        state.ResumeTiming();
     }
 }
 

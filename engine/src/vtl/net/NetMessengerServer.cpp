@@ -2,13 +2,12 @@
 
 #include "vtl/base/ManagerEnvironmentConfiguration.h"
 #include "vtl/base/Report.h"
+#include "vtl/base/ScopedSignalsBlocked.h"
 #include "vtl/net/FrameReading.h"
 #include "vtl/net/NetMessengerServerListener.h"
 
-#include <csignal>
 #include <exception>
 #include <limits>
-#include <pthread.h>
 
 namespace Vantrel {
 namespace {
@@ -39,22 +38,6 @@ NetMessengerServerSettings configuredSettings() {
     settings.queuedBytesAtMost = (megabytes != 0 ? megabytes : defaultQueuedMegabytes) << 20U;
     return settings;
 }
-
-/** While it lives, threads that are started leave every signal to the threads that were there before. */
-class ScopedSignalsBlocked {
-public:
-    ScopedSignalsBlocked() {
-        sigset_t all;
-        ::sigfillset(&all);
-        ::pthread_sigmask(SIG_BLOCK, &all, &previous);
-    }
-    ScopedSignalsBlocked(const ScopedSignalsBlocked&) = delete;
-    ScopedSignalsBlocked& operator=(const ScopedSignalsBlocked&) = delete;
-    ~ScopedSignalsBlocked() { ::pthread_sigmask(SIG_SETMASK, &previous, nullptr); }
-
-private:
-    sigset_t previous{};
-};
 
 } // namespace
 

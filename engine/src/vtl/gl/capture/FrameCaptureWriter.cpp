@@ -1,12 +1,11 @@
 #include "vtl/gl/capture/FrameCaptureWriter.h"
 
 #include "vtl/base/Report.h"
+#include "vtl/base/ScopedSignalsBlocked.h"
 
 #include <SDL.h>
 #include <exception>
 #include <new>
-#include <sys/resource.h>
-#include <unistd.h>
 #include <utility>
 
 namespace Vantrel {
@@ -26,15 +25,11 @@ void writeReportingFailures(FrameCaptureWriter::Capture capture) {
     }
 }
 
-/** Lets the main thread go on where a frame handed over has just woken this one on a busy machine. */
-void giveWayToOtherThreads() {
-    constexpr int nicer = 10;
-    ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), nicer);
-}
-
 } // namespace
 
-FrameCaptureWriter::FrameCaptureWriter() : thread([this] { run(); }) {
+FrameCaptureWriter::FrameCaptureWriter() {
+    const ScopedSignalsBlocked signalsBlocked;
+    thread = std::thread([this] { run(); });
 }
 
 FrameCaptureWriter::~FrameCaptureWriter() {
@@ -59,7 +54,6 @@ void FrameCaptureWriter::finish() {
 }
 
 void FrameCaptureWriter::run() {
-    giveWayToOtherThreads();
     std::unique_lock lock(mutex);
     for (;;) {
         changed.wait(lock, [this] { return isEnding || !waiting.empty(); });
