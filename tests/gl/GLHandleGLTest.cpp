@@ -50,6 +50,8 @@ TEST_P(GLHandleGLTest, MakesEachKind) {
         EXPECT_TRUE(texture);
         EXPECT_TRUE(vertexArray);
         EXPECT_TRUE(GLQuery::create());
+        EXPECT_TRUE(GLFramebuffer::create());
+        EXPECT_TRUE(GLRenderbuffer::create());
     }
     EXPECT_FALSE(glIsShader(shaderName));
     EXPECT_FALSE(glIsProgram(programName));

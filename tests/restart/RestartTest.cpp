@@ -1,7 +1,10 @@
 #include "client/lib/Connection.h"
 #include "module/GLViewKELDIN.h"
 #include "tests/support/ReportCapture.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/support/ViewerProcess.h"
+#include "vtl/gl/texture/ImageFile.h"
+#include "vtl/render/VantrelGLRenderer.h"
 #include "vtl/scene/object/WO.h"
 #include "vtl/scene/object/WorldContainer.h"
 
@@ -49,6 +52,7 @@ public:
     void updateWorld() override {
         GLViewKELDIN::updateWorld();
         if (++frames < 2) {
+            getRenderer()->setCaptureNamedFrame(true, captureFolder + std::to_string(starts) + ".png");
             return;
         }
         // The port is open in every life.
@@ -64,6 +68,7 @@ public:
     }
 
     inline static std::string port;
+    inline static std::string captureFolder;
     inline static int starts = 0;
 
 private:
@@ -73,6 +78,8 @@ private:
 TEST(RestartTest, AHundredRestartsLeaveNothingBehind) {
     Tests::ReportCapture reports;
     RestartingView::port = std::to_string(Tests::freePort());
+    const Tests::TemporaryFolder folder;
+    RestartingView::captureFolder = folder.path("");
     std::vector<std::string> args{"keldin",
                                   "{width=64}",
                                   "{height=48}",
@@ -101,6 +108,8 @@ TEST(RestartTest, AHundredRestartsLeaveNothingBehind) {
     constexpr long pagesPerRestart = 8; // the driver keeps 3 to 4
     EXPECT_LT(residentPages() - pages, restarts * pagesPerRestart);
 #endif
+    const SDLSurface last = readImageFile(folder.path(std::to_string(restarts) + ".png"), 64);
+    EXPECT_NE(last, nullptr) << "complete, though the viewer ended right after it";
     EXPECT_TRUE(reports.contains("User invoked vtlShutdownEngine()...\n"));
 }
 

@@ -3,6 +3,7 @@
 #include "tests/support/SceneModels.h"
 
 #include "vtl/gl/DebugView.h"
+#include "vtl/gl/capture/ManagerFrameCapture.h"
 #include "vtl/scene/motion/VantrelMotionDataCameraParabolicMotion1PhaseChangeOrientationViaSLERP.h"
 #include "vtl/scene/motion/WOOperatorMotionSpecifierTimeConstrained.h"
 #include "vtl/scene/shape/WOPrimitiveShape.h"
@@ -133,6 +134,12 @@ TEST_F(GLViewGLTest, HasItsFunctionKeys) {
     wheel.wheel.y = 3;
     runFrame({wheel});
     EXPECT_TRUE(reports.contains("Cam velocity multiplier 2, wheelScroll count 2"));
+    SDL_Event heldOn = keyEvent(SDL_KEYDOWN, SDLK_F12);
+    heldOn.key.repeat = 1;
+    for (const SDL_Event& event : {keyEvent(SDL_KEYDOWN, SDLK_F12), heldOn, keyEvent(SDL_KEYUP, SDLK_F12)}) {
+        runFrame({event});
+        EXPECT_EQ(ManagerFrameCapture::getFrameCount(), 1U) << "a press keeps one frame";
+    }
     view.reset();
     EXPECT_FALSE(debugViewEnabled) << "nothing outlives the view";
 }

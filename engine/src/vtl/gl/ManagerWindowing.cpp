@@ -36,7 +36,6 @@ struct State {
     std::uint32_t windowFlags = 0;
     int width = 0;
     int height = 0;
-    ManagerWindowing::ResizeListener resizeListener = nullptr;
 };
 
 State state;
@@ -340,14 +339,7 @@ bool ManagerWindowing::resize(int width, int height) {
     }
     glViewport(0, 0, width, height);
     ManagerOpenGLState::reInitOpenGLState();
-    if (state.resizeListener != nullptr) {
-        state.resizeListener(width, height);
-    }
     return true;
-}
-
-void ManagerWindowing::setResizeListener(ResizeListener listener) {
-    state.resizeListener = listener;
 }
 
 void ManagerWindowing::setWindowTitle(const std::string& title) {

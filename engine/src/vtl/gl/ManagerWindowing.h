@@ -12,9 +12,6 @@ namespace Vantrel {
  */
 class ManagerWindowing {
 public:
-    /** Told the new size in pixels after an accepted resize of an existing window. */
-    using ResizeListener = void (*)(int width, int height);
-
     /** Starts from the configuration. Failures are reported, and `isWindowExisting` stays false. */
     static void init();
     /** Ends the context, the window and SDL; GL names die with the context. */
@@ -22,8 +19,6 @@ public:
 
     /** Takes a new size, both above 0, and sets the GL state for it. True when a window was resized. */
     static bool resize(int width, int height);
-    /** Who keeps buffers of the window's size; null for nobody. Forgotten at shutdown. */
-    static void setResizeListener(ResizeListener listener);
     static void setWindowTitle(const std::string& title);
 
     /** Null in windowless mode. */
