@@ -127,11 +127,20 @@ TEST_P(VantrelGLRendererGLTest, DrawsLensFlaresOverTheWorld) {
 
 TEST_P(VantrelGLRendererGLTest, GivesTheCameraToShaders) {
     eye->setPosition(1, 2, 3);
-    eye->setViewport({0, 0, side / 2, side / 4});
-    renderer->updateCamera(&*eye);
+    eye->setViewport({3, 5, side / 2, side / 4});
+    struct : VantrelGLRenderer {
+        using VantrelGLRenderer::cameraTransforms;
+    } sender;
+    if (isShaderPath()) {
+        sender.cameraTransforms->data.passMode = GLSLUniformBlockCameraTransforms::passAfterShadowMap;
+    }
+    sender.updateCamera(&*eye);
     std::array<GLint, 4> viewport{};
     glGetIntegerv(GL_VIEWPORT, viewport.data());
-    EXPECT_EQ(viewport, (std::array<GLint, 4>{0, 0, side / 2, side / 4}));
+    EXPECT_EQ(viewport, (std::array<GLint, 4>{3, 5, side / 2, side / 4}));
+    std::array<int, 4> told{};
+    eye->getViewport().getViewport(told.data());
+    EXPECT_EQ(told, viewport);
     if (!isShaderPath()) {
         std::array<float, 16> view{};
         glGetFloatv(GL_MODELVIEW_MATRIX, view.data());

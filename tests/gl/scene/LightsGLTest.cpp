@@ -100,20 +100,51 @@ TEST_P(LightsGLTest, GoIntoTheBlockUpToTheEighth) {
         lights.push_back(lightAt(Vector(static_cast<float>(i), 0, 0)));
     }
     lights[1]->setIsPositional(false);
+    lights[2]->setColor({0.1F, 0.2F, 0.3F, 0.4F});
+    ManagerLight::setGlobalAmbient({0.5F, 0.6F, 0.7F, 0.8F});
     litWall();
-    GLSLUniformBlockLightInfo block = blockOnCard();
+    const GLSLUniformBlockLightInfo block = blockOnCard();
     EXPECT_EQ(block.numLights, 8);
     EXPECT_NEAR(block.position[7][2], -17, 1e-4F) << "in eye space";
     EXPECT_EQ(block.position[7][3], 1.0F);
     EXPECT_NEAR(block.position[1][2], -1, 1e-5F) << "where it looks";
     EXPECT_EQ(block.position[1][3], 0.0F);
+    EXPECT_EQ(block.color[2], (GLSLUniformBlockLightInfo::Vec4{0.1F, 0.2F, 0.3F, 0.4F}));
+    EXPECT_EQ(block.globalAmbient, (GLSLUniformBlockLightInfo::Vec4{0.5F, 0.6F, 0.7F, 0.8F}));
     lights.clear();
     litWall();
     EXPECT_EQ(blockOnCard().numLights, 0);
 }
 
+TEST_P(LightsGLTest, TellTheFixedFunctionsEachOfTheirValues) {
+    if (isShaderPath()) {
+        GTEST_SKIP() << "fixed functions";
+    }
+    const auto onCard = [] {
+        std::array<float, 6> values{}; // of a colour the red: the next value goes over the others
+        for (float* value = values.data(); const GLenum name : std::initializer_list<GLenum>{
+                                               GL_DIFFUSE, GL_AMBIENT, GL_SPECULAR, GL_CONSTANT_ATTENUATION,
+                                               GL_LINEAR_ATTENUATION, GL_QUADRATIC_ATTENUATION}) {
+            glGetLightfv(GL_LIGHT0, name, value++);
+        }
+        return values;
+    };
+    const auto red = [](float amount) { return vtlColor4f(amount, 0.0F, 0.0F, 1.0F); };
+    const auto light = WOLight::New(white, red(0.25F), red(0.5F), red(0.75F));
+    light->setConstantAttenuation(5);
+    light->setLinearAttenuation(6);
+    light->setQuadraticAttenuation(7);
+    ManagerLight::writeLights();
+    EXPECT_EQ(onCard(), (std::array<float, 6>{0.25F, 0.5F, 0.75F, 5, 6, 7}));
+    light->setDiffuse(red(2));
+    light->setAmbient(red(3));
+    light->setSpecular(red(4));
+    EXPECT_EQ(onCard(), (std::array<float, 6>{2, 3, 4, 5, 6, 7}));
+}
+
 TEST_P(LightsGLTest, ShowThemselvesOnlyToWhoDebugs) {
     const auto light = lightAt(Vector(0, 0, 0));
+    EXPECT_TRUE(!light->cullable && light->renderOrderType == 0) << "before everything";
     EXPECT_EQ(pictureOf(*light).at(middle, middle), black);
     EXPECT_EQ(selectionPictureOf(*light).at(middle, middle), black);
     debugViewEnabled = true;

@@ -82,15 +82,18 @@ TEST_F(CameraTest, TakesAzimuthAndElevationWithinTheTolerance) {
 
 TEST_F(CameraTest, LooksWhereItIsTold) {
     Tests::RandomInput random;
-    camera.setPosition(1, 2, 3);
     for (int i = 0; i < 102; ++i) {
         const Vector direction = i < 2 ? unitZ * (i == 0 ? 1.0F : -1.0F) : Tests::randomDirection(random);
+        camera.setPosition(1, 2, 3);
         camera.setCameraLookAtPoint(camera.getPosition() + direction * 7);
+        camera.setPosition(Vector(1, 2, 3) * (i % 2 == 0 ? 1 : 1e8F)); // where points a metre apart are one
+        camera.updateViewMatrix();
         Tests::expectRotation(camera.getDisplayMatrix());
         expectNear(camera.getLookDirection(), direction, 1e-5F);
         EXPECT_NEAR(camera.getDisplayMatrix()[6], 0, 2e-3F) << "level";
         EXPECT_GE(camera.getNormalDirection().z, -1e-6F) << "upright";
         expectNear(camera.getViewMatrix() * direction, Vector(0, 0, -1), 1e-4F);
+        expectNear(camera.getViewMatrix() * camera.getNormalDirection(), unitY, 1e-4F);
         camera.setCameraNormalDirection(Vector(1, 0, 0.5F));
         expectNear(camera.getNormalDirection(), Vector(1, 0, 0.5F).normalizeMe(), 1e-5F);
         Tests::expectRotation(camera.getDisplayMatrix());
@@ -99,25 +102,39 @@ TEST_F(CameraTest, LooksWhereItIsTold) {
     camera.setHorizontalRotationAxis(unitX * 2);
     expectNear(camera.getLookDirection(), unitY, 1e-5F);
     expectNear(camera.getNormalDirection(), unitX, 1e-5F);
+    camera.setPosition(1, 2, 3);
+    camera.setCameraNormalPoint(Vector(1, 2, 0));
+    expectNear(camera.getNormalDirection(), unitZ * -1, 1e-5F);
 }
 
 TEST_F(CameraTest, LetsNothingInThatIsNoNumberOrNoDirection) {
-    camera.setPosition(1, 2, 3);
-    camera.setCameraLookDirection(Vector(1, 2, 0));
-    camera.updateCameraMatrices();
-    const Mat4 before = camera.getShaderCamera().getViewProjectionMatrix();
-    for (const float bad : {0.0F, nan, infinity}) {
+    const WO& child = camera.addChild(objectAt(Vector()));
+    press(SDL_BUTTON_LEFT);
+    for (const float bad : {0.0F, nan, infinity}) { // 0 is bad by itself, and nothing beside a good number
         camera.setCameraAspectRatio(bad);
         camera.setCameraFOVy(bad);
         camera.setMouseSensitivity(bad);
+        camera.setCameraVelocity(0.35F + bad);
         camera.setCameraLookDirection(Vector(bad, 0, 0));
         camera.setCameraLookAtPoint(camera.getPosition() + Vector(0, bad, 0));
         camera.setCameraNormalDirection(Vector(0, 0, bad));
         camera.setHorizontalRotationAxis(Vector(0, bad, 0));
+        camera.rotateAboutGlobalZ(bad);
+        camera.setPosition(Vector(0, bad, 0));
+        camera.setPositionOfThisOnly(Vector(0, bad, 0));
         camera.moveRelative(Vector(0, bad, 0));
-        camera.setOrthographicPlanes(bad, bad, bad, bad, 0.1F, 1000);
-        camera.updateCameraMatrices();
-        expectNear(camera.getShaderCamera().getViewProjectionMatrix(), before, 1e-5F);
+        camera.moveRelativeThisOnly(Vector(0, bad, 0));
+        camera.setOrthographicPlanes(bad - 4, bad + 8, bad - 2, bad + 6, bad + 1, bad + 101);
+        expectNear(camera.getDisplayMatrix(), Mat4(), 1e-6F);
+        expectNear(camera.getHorizontalRotationAxis(), unitZ, 0);
+        expectNear(camera.getPosition(), Vector(), 0);
+        expectNear(child.getPosition(), Vector(), 0);
+        expectNear(camera.getOrthographicExtent(), Vector(100, 12, 8), 0);
+        expectNear(Vector(camera.getCameraAspectRatio(), camera.getCameraFOVy(), camera.getCameraVelocity()),
+                   Vector(1, 65, 0.35F), 0);
+        drag(-285, 0); // a radian
+        expectNear(camera.getLookDirection(), Vector(std::cos(1.0F), std::sin(1.0F), 0), 1e-5F);
+        drag(285, 0);
     }
     const auto object = objectAt(Vector());
     camera.attachCameraToWO(&camera, Vector());
@@ -127,8 +144,9 @@ TEST_F(CameraTest, LetsNothingInThatIsNoNumberOrNoDirection) {
 
 TEST_F(CameraTest, KnowsTheMouse) {
     drag(3, 4);
+    EXPECT_TRUE(!mouse.isDragging() && mouse.getDx() == 0 && mouse.getDy() == 0) << "no button is held";
     press(SDL_BUTTON_LEFT);
-    EXPECT_TRUE(mouse.isLeftPressed() && !mouse.isDragging() && mouse.getDx() == 0);
+    EXPECT_TRUE(mouse.isLeftPressed() && !mouse.isDragging());
     drag(3, -4);
     press(SDL_BUTTON_RIGHT);
     EXPECT_TRUE(mouse.isLeftDown() && !mouse.isLeftPressed());
@@ -136,6 +154,15 @@ TEST_F(CameraTest, KnowsTheMouse) {
     EXPECT_TRUE(mouse.isRightDown() && mouse.isDragging() && mouse.getDx() == 3 && mouse.getDy() == -4);
     letGo(SDL_BUTTON_RIGHT);
     EXPECT_TRUE(!mouse.isRightDown() && !mouse.isDragging() && mouse.getDx() == 0 && mouse.getDy() == 0);
+    press(SDL_BUTTON_X1);
+    letGo(SDL_BUTTON_X2);
+    EXPECT_EQ(reports.text(), "Unknown SDL Mouse Button4 pressed\nUnknown SDL Mouse Button5 released\n");
+    press(SDL_BUTTON_MIDDLE);
+    press(SDL_BUTTON_LEFT);
+    drag(3, -4);
+    mouse.reset();
+    EXPECT_FALSE(mouse.isLeftDown() || mouse.isMiddleDown() || mouse.isLeftPressed() || mouse.isDragging() ||
+                 mouse.getDx() != 0 || mouse.getDy() != 0);
 }
 
 TEST_F(CameraTest, TurnsAndStepsByDrags) {
@@ -158,6 +185,7 @@ TEST_F(CameraTest, TurnsAndStepsByDrags) {
         expectNear(camera.getPosition(), Vector(row.steps * 0.35F, 0, 0), 1e-5F);
     }
     drag(0, std::numeric_limits<int>::min());
+    EXPECT_GT(camera.getPosition().x, 1000) << "forwards still";
     camera.setPosition(0, 0, 0);
     camera.moveLeft();
     camera.moveOppositeLookDirection(2);
@@ -190,6 +218,7 @@ TEST_F(CameraTest, RefusesToBeTurnedWhileAttached) {
     camera.attachCameraToWO(object.get(), Vector(6, 1, 0));
     expectNear(camera.getJoint()->getAnchorWorld(), Vector(6, 1, 0), 1e-6F);
     camera.setActorDistance(3);
+    camera.setActorDistance(nan);
     EXPECT_EQ(camera.getActorDistance(), 3);
     reports.clear();
     camera.setCameraLookAtPoint(unitY);
@@ -212,6 +241,7 @@ TEST_F(CameraTest, LeavesAnObjectAndOutlivesIt) {
     EXPECT_FALSE(camera.getIsLockedWRTparent()) << "on its own child";
     for (const bool dies : {false, true}) {
         auto object = objectAt(Vector(5, 0, 0));
+        camera.setActorToWatch(object.get());
         camera.attachCameraToWO(object.get(), camera.getPosition());
         EXPECT_TRUE(camera.getIsLockedWRTparent());
         if (dies) {
@@ -219,12 +249,14 @@ TEST_F(CameraTest, LeavesAnObjectAndOutlivesIt) {
         } else {
             camera.detachCameraFromWO();
         }
+        EXPECT_EQ(camera.getActorToWatch(), object.get()) << "or nobody, when it has died";
         EXPECT_TRUE(!camera.getIsLockedWRTparent() && camera.getJoint() == nullptr &&
                     camera.getParentWorldObject() == nullptr);
         expectNear(camera.getPosition(), Vector(1, 2, 3), 0);
         expectNear(camera.getDisplayMatrix(), orientation, 0);
         expectNear(child.getPosition(), Vector(2, 2, 3), 0);
     }
+    EXPECT_EQ(reports.count("Overload Vantrel::Camera::startCameraBehavior() within a\n"), 2U);
     const auto next = objectAt(Vector());
     camera.setParentWorldObject(next.get());
     EXPECT_FALSE(camera.getIsLockedWRTparent()) << "the joint went with the object that it hung on";
