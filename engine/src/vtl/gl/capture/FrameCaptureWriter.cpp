@@ -3,6 +3,7 @@
 #include "vtl/base/Report.h"
 #include "vtl/base/ScopedSignalsBlocked.h"
 
+#include <SDL.h>
 #include <exception>
 #include <utility>
 
@@ -24,7 +25,10 @@ void writeReportingFailures(FrameCaptureWriter::Capture capture) {
 
 FrameCaptureWriter::FrameCaptureWriter() {
     const ScopedSignalsBlocked signalsBlocked;
-    thread = std::thread([this] { run(); });
+    thread = std::thread([this] {
+        run();
+        SDL_TLSCleanup(); // SDL keeps its latest error for each thread, and clears up after its own alone
+    });
 }
 
 FrameCaptureWriter::~FrameCaptureWriter() {
