@@ -214,7 +214,7 @@ void VantrelGLRenderer::renderScene(Camera* camera, WorldContainer* world, bool 
     ManagerSDLTime::totals().renderingCameraMs += ManagerSDLTime::restartStopwatch(Stopwatch::stageOfObjects);
     ManagerLight::renderLensFlares(camera);
     world->renderGUI(camera);
-    ManagerSDLTime::totals().guiMs += ManagerSDLTime::readStopwatch(Stopwatch::stageOfObjects);
+    ManagerSDLTime::totals().guiMs += ManagerSDLTime::restartStopwatch(Stopwatch::stageOfObjects);
     flush();
 }
 
@@ -246,6 +246,7 @@ void VantrelGLRenderer::renderSelectionScene(Camera* camera, WorldContainer* wor
     startScene(camera, world, clear);
     world->renderSelection(camera);
     camera->renderSelection(camera);
+    ManagerSDLTime::startStopwatch(Stopwatch::stageOfObjects);
     flush();
 }
 
@@ -264,9 +265,8 @@ void VantrelGLRenderer::startScene(Camera* camera, WorldContainer* world, bool c
 }
 
 void VantrelGLRenderer::flush() {
-    ManagerSDLTime::startStopwatch(Stopwatch::stage);
     glFlush();
-    ManagerSDLTime::totals().flushingMs += ManagerSDLTime::readStopwatch(Stopwatch::stage);
+    ManagerSDLTime::totals().flushingMs += ManagerSDLTime::readStopwatch(Stopwatch::stageOfObjects);
 }
 
 void VantrelGLRenderer::drawAxes(const Camera& camera) {

@@ -60,6 +60,7 @@ private:
 
     /** Clears, sends the lights and sorts. */
     static void startScene(Camera* camera, WorldContainer* world, bool clear);
+    /** Counts from the last start of `Stopwatch::stageOfObjects`. */
     static void flush();
     void drawAxes(const Camera& camera);
     static EyePicture newEyePicture();
