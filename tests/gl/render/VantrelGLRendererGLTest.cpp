@@ -8,6 +8,7 @@
 #include "vtl/scene/shape/WOPrimitiveShape.h"
 
 #include "tests/gl/scene/SceneGLFixture.h"
+#include "tests/support/UniformBlockReading.h"
 
 #include <algorithm>
 #include <cmath>
@@ -147,12 +148,7 @@ TEST_P(VantrelGLRendererGLTest, GivesTheCameraToShaders) {
         EXPECT_EQ(view, eye->getViewMatrix().m);
         return;
     }
-    GLint buffer = 0;
-    glGetIntegeri_v(GL_UNIFORM_BUFFER_BINDING, GLSLUniformBlockCameraTransforms::bindingPoint, &buffer);
-    GLSLUniformBlockCameraTransforms block;
-    glBindBuffer(GL_UNIFORM_BUFFER, static_cast<GLuint>(buffer));
-    glGetBufferSubData(GL_UNIFORM_BUFFER, 0, sizeof block, &block);
-    glBindBuffer(GL_UNIFORM_BUFFER, 0);
+    const auto block = Tests::blockOnCard<GLSLUniformBlockCameraTransforms>();
     EXPECT_EQ(block.view, eye->getViewMatrix().m);
     EXPECT_EQ(block.projection, eye->getProjectionMatrix().m);
     EXPECT_EQ(block.passMode, GLSLUniformBlockCameraTransforms::normalPass);

@@ -4,6 +4,7 @@
 #include "vtl/scene/shape/WOPrimitiveShape.h"
 
 #include "tests/gl/scene/SceneGLFixture.h"
+#include "tests/support/UniformBlockReading.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -45,15 +46,6 @@ protected:
         ManagerLight::writeLights();
         ManagerLight::synchronize(&*eye);
         return pictureOf(*wall);
-    }
-    static GLSLUniformBlockLightInfo blockOnCard() {
-        GLint buffer = 0;
-        glGetIntegeri_v(GL_UNIFORM_BUFFER_BINDING, GLSLUniformBlockLightInfo::bindingPoint, &buffer);
-        GLSLUniformBlockLightInfo block;
-        glBindBuffer(GL_UNIFORM_BUFFER, static_cast<GLuint>(buffer));
-        glGetBufferSubData(GL_UNIFORM_BUFFER, 0, sizeof block, &block);
-        glBindBuffer(GL_UNIFORM_BUFFER, 0);
-        return block;
     }
 
     std::unique_ptr<WO> wall;
@@ -103,7 +95,7 @@ TEST_P(LightsGLTest, GoIntoTheBlockUpToTheEighth) {
     lights[2]->setColor({0.1F, 0.2F, 0.3F, 0.4F});
     ManagerLight::setGlobalAmbient({0.5F, 0.6F, 0.7F, 0.8F});
     litWall();
-    const GLSLUniformBlockLightInfo block = blockOnCard();
+    const GLSLUniformBlockLightInfo block = Tests::blockOnCard<GLSLUniformBlockLightInfo>();
     EXPECT_EQ(block.numLights, 8);
     EXPECT_NEAR(block.position[7][2], -17, 1e-4F) << "in eye space";
     EXPECT_EQ(block.position[7][3], 1.0F);
@@ -113,7 +105,7 @@ TEST_P(LightsGLTest, GoIntoTheBlockUpToTheEighth) {
     EXPECT_EQ(block.globalAmbient, (GLSLUniformBlockLightInfo::Vec4{0.5F, 0.6F, 0.7F, 0.8F}));
     lights.clear();
     litWall();
-    EXPECT_EQ(blockOnCard().numLights, 0);
+    EXPECT_EQ(Tests::blockOnCard<GLSLUniformBlockLightInfo>().numLights, 0);
 }
 
 TEST_P(LightsGLTest, TellTheFixedFunctionsEachOfTheirValues) {

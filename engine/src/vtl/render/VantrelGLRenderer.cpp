@@ -11,7 +11,7 @@
 #include "vtl/gl/ManagerWindowing.h"
 #include "vtl/gl/ScopedEnabled.h"
 #include "vtl/gl/ScopedModelMatrix.h"
-#include "vtl/gl/framebuffer/VantrelFrameBufferObject.h"
+#include "vtl/gl/framebuffer/ScopedFrameBuffer.h"
 #include "vtl/math/MatrixBuilders.h"
 #include "vtl/mesh/ModelMeshSkin.h"
 #include "vtl/scene/camera/Camera.h"
@@ -161,9 +161,8 @@ void VantrelGLRenderer::renderEyePicture(EyePicture& eye, Camera* camera, WorldC
     if (eye.buffer->getWidth() != width || eye.buffer->getHeight() != height) {
         eye.buffer->adjustSize(width, height);
     }
-    eye.buffer->bind();
+    const ScopedFrameBuffer target(*eye.buffer);
     renderScene(camera, world, true);
-    eye.buffer->unbind(false);
 }
 
 void VantrelGLRenderer::composeSplitHorizontal(Camera* /*camera*/) {

@@ -42,7 +42,6 @@ public:
     /** The left eye's picture to the left of the right one's. */
     virtual void composeSplitHorizontal(Camera* camera);
 
-    float getStereoSeparation() const { return stereoSeparation; }
     float getStereoPlane() const { return stereoPlane; }
 
 protected:

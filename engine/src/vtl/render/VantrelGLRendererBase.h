@@ -86,17 +86,17 @@ public:
 protected:
     friend class ScopedView;
 
-    /** The same with the camera's viewport. */
+    /** Gives a camera's matrices and its viewport to GL as they are. */
     void sendCamera(const Camera& camera, GLSLUniformBlockCameraTransforms::PassMode passMode =
                                               GLSLUniformBlockCameraTransforms::normalPass);
+
+    /** Takes the pictures that have been asked for; when all of a frame is drawn, before its swap. */
+    void captureRequestedFrames();
 
     /** Whether each frame draws a shadow map first; nothing in the viewer turns it on. */
     bool shadowMappingEnabled = false;
     /** Texels along each side. */
     std::int32_t shadowMapSize = 8192;
-    /** Takes the pictures that have been asked for; when all of a frame is drawn, before its swap. */
-    void captureRequestedFrames();
-
     /** What shaders know of the camera; null below 3.2. */
     std::unique_ptr<GLSLUniformBlockT<GLSLUniformBlockCameraTransforms>> cameraTransforms;
 
