@@ -22,7 +22,13 @@ void readWindow(VantrelFrameCapture& frame) {
     const int height = ManagerWindowing::getWindowHeight();
     const std::size_t size =
         static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * bytesOfCapturedPixel;
-    auto data = std::make_unique<std::uint8_t[]>(size); // black where GL has nothing to tell
+    auto data = std::make_unique_for_overwrite<std::uint8_t[]>(size);
+    int drawnWidth = 0;
+    int drawnHeight = 0;
+    SDL_GL_GetDrawableSize(ManagerWindowing::getWindow(), &drawnWidth, &drawnHeight);
+    if (drawnWidth < width || drawnHeight < height) {
+        std::fill_n(data.get(), size, std::uint8_t{0}); // black where GL has nothing to tell
+    }
     readBackBuffer(width, height, {data.get(), size});
     frame.setFrameData(static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height),
                        static_cast<std::uint32_t>(bytesOfCapturedPixel), std::move(data));
