@@ -51,8 +51,7 @@ void ManagerTexture::init() {
     if (!ManagerWindowing::hasContext()) {
         return;
     }
-    state.defaultTexture =
-        loadTexture(state.defaultTextureFile, 0, 0, true, GL_RGBA, GL_RGBA, GL_UNSIGNED_BYTE);
+    state.defaultTexture = loadTexture(state.defaultTextureFile);
     if (state.defaultTexture == nullptr) {
         Report() << "ERROR: Failed to load DEFAULT_TEXTURE " << state.defaultTextureFile << "\n"
                  << "Default TextureDataOwnsGLHandle must be loaded for error recovery of\n"

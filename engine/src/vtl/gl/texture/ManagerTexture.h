@@ -34,6 +34,10 @@ public:
                                                 std::uint32_t height, bool mipmapped,
                                                 std::int32_t internalFormat, std::uint32_t format,
                                                 std::uint32_t type);
+    /** The same in the image's own size, with mipmaps, four bytes a pixel. */
+    static std::unique_ptr<Texture> loadTexture(const std::string& fileName) {
+        return loadTexture(fileName, 0, 0, true, GL_RGBA, GL_RGBA, GL_UNSIGNED_BYTE);
+    }
 
     /**
      * Reads and converts the file of `data` and appends it to the queue, where it must outlive the sending;

@@ -28,8 +28,7 @@ MGLSkyBox::MGLSkyBox(WO* parent, std::span<const std::string> imageFiles, Camera
 MGLSkyBox::~MGLSkyBox() = default;
 
 void MGLSkyBox::addImage(const std::string& imageFile) {
-    ModelMeshSkin skin(
-        ManagerTexture::loadTexture(imageFile, 0, 0, true, GL_RGBA, GL_RGBA, GL_UNSIGNED_BYTE));
+    ModelMeshSkin skin(ManagerTexture::loadTexture(imageFile));
     for (const auto& image : skin.textures) { // none without a window
         image->setMagFilter(GL_LINEAR);
         image->setMinFilter(GL_LINEAR);

@@ -270,8 +270,7 @@ void Model::addSkin(std::unique_ptr<Texture> texture, std::uint32_t meshIndex) {
 }
 
 void Model::addSkin(const std::string& imageFile, std::uint32_t meshIndex) {
-    addSkin(ManagerTexture::loadTexture(imageFile, 0, 0, true, GL_RGBA, GL_RGBA, GL_UNSIGNED_BYTE),
-            meshIndex);
+    addSkin(ManagerTexture::loadTexture(imageFile), meshIndex);
 }
 
 void Model::addSkin(const ModelMeshSkin& skin, std::uint32_t meshIndex) {

@@ -17,8 +17,7 @@ MGLQuad::MGLQuad(WO* parent, std::uint8_t orientation, const std::string& imageF
                  float height)
     : MGL(parent)
     , quad(IndexedGeometryQuad::New(orientation, width, height, Vector(1, 1, 1), true, true, false)) {
-    skins.list.push_back(shapeSkin(ModelMeshSkin(
-        ManagerTexture::loadTexture(imageFile, 0, 0, true, GL_RGBA, GL_RGBA, GL_UNSIGNED_BYTE))));
+    skins.list.push_back(shapeSkin(ModelMeshSkin(ManagerTexture::loadTexture(imageFile))));
     mglBoundingBox.addPoint(Vector());
     mglBoundingBox.addPoint(Vector(width, height, 0));
 }

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace Vantrel {
+
+/** What a reader of a model file leaves out or puts right; counted, so that a bad file gets one report each.
+ */
+struct ModelFileFaults {
+    /** Prints what there is to say, in the name of the class `reader`. */
+    void report(std::string_view reader, std::string_view fileName) const;
+
+    /** Numbers that aren't finite, or none at all; they count as 0. */
+    std::size_t numbers = 0;
+    /** Faces that name what the file doesn't have; they are left out. */
+    std::size_t faces = 0;
+};
+
+} // namespace Vantrel
