@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <span>
+#include <string_view>
 
 namespace Vantrel::Fuzzing {
 
@@ -31,6 +32,8 @@ public:
         return value;
     }
     std::span<const std::byte> rest() const { return bytes; }
+    /** The same as characters. */
+    std::string_view text() const { return {reinterpret_cast<const char*>(bytes.data()), bytes.size()}; }
 
 private:
     std::span<const std::byte> bytes;

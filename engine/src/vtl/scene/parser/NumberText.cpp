@@ -24,14 +24,6 @@ constexpr bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-void skipWhiteSpace(std::string_view& text) {
-    std::size_t count = 0;
-    while (count < text.size() && isWhiteSpace(text[count])) {
-        ++count;
-    }
-    text.remove_prefix(count);
-}
-
 /** A decimal number as it is written: mantissa * 10^exponent. */
 struct Decimal {
     std::uint64_t mantissa = 0;
@@ -114,6 +106,14 @@ std::string_view trimmedAtEnd(std::string_view text) {
     return text;
 }
 
+void skipWhiteSpace(std::string_view& text) {
+    std::size_t count = 0;
+    while (count < text.size() && isWhiteSpace(text[count])) {
+        ++count;
+    }
+    text.remove_prefix(count);
+}
+
 std::string_view takeWord(std::string_view& text) {
     skipWhiteSpace(text);
     std::size_t length = 0;
@@ -126,15 +126,18 @@ std::string_view takeWord(std::string_view& text) {
 }
 
 std::int32_t takeInteger(std::string_view& text) {
-    constexpr std::int64_t beyond = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;
+    constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
+    constexpr std::size_t mostExactDigits = 18;
     const bool isNegative = text.starts_with('-');
-    std::size_t at = isNegative || text.starts_with('+') ? 1 : 0;
-    std::int64_t value = 0;
+    const std::size_t first = isNegative || text.starts_with('+') ? 1 : 0;
+    std::size_t at = first;
+    std::uint64_t digits = 0; // wraps around only when there are too many
     for (; at < text.size() && isDigit(text[at]); ++at) {
-        value = std::min(10 * value + (text[at] - '0'), beyond);
+        digits = 10 * digits + static_cast<std::uint64_t>(text[at] - '0');
     }
+    const auto value = at - first <= mostExactDigits ? static_cast<std::int64_t>(digits) : largest + 1;
     text.remove_prefix(at);
-    return static_cast<std::int32_t>(isNegative ? -value : std::min(value, beyond - 1));
+    return static_cast<std::int32_t>(isNegative ? std::max(-value, -largest - 1) : std::min(value, largest));
 }
 
 float takeFloat(std::string_view& text, ModelFileFaults& faults) {

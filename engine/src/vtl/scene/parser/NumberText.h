@@ -18,6 +18,8 @@ constexpr bool isWhiteSpace(char c) {
 /** Without the white space at its end. */
 std::string_view trimmedAtEnd(std::string_view text);
 
+void skipWhiteSpace(std::string_view& text);
+
 /** The next word; empty when there is none. */
 std::string_view takeWord(std::string_view& text);
 
