@@ -60,21 +60,21 @@ void OBJFile::readLine(std::string_view line) {
         readFace(line);
     } else if (keyword == "usemtl") {
         materialName = takeWord(line);
-        faces = nullptr;
+        currentFaces = nullptr;
     } else if (keyword == "mtllib") {
         libraryNames.emplace_back(takeWord(line));
     }
 }
 
 void OBJFile::readFace(std::string_view text) {
-    if (faces == nullptr) {
-        faces = &facesOf[materialName];
+    if (currentFaces == nullptr) {
+        currentFaces = &facesOf[materialName];
     }
-    const std::size_t before = faces->corners.size();
+    const std::size_t before = currentFaces->corners.size();
     for (skipWhiteSpace(text); !text.empty(); skipWhiteSpace(text)) {
-        faces->corners.push_back(takeCorner(text));
+        currentFaces->corners.push_back(takeCorner(text));
     }
-    faces->cornerCounts.push_back(static_cast<std::uint32_t>(faces->corners.size() - before));
+    currentFaces->cornerCounts.push_back(static_cast<std::uint32_t>(currentFaces->corners.size() - before));
 }
 
 /** Cuts a corner off the front of `text`, which doesn't start with white space. */

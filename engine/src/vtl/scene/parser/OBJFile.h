@@ -84,7 +84,7 @@ private:
     std::map<std::string, Faces, std::less<>> facesOf;
     std::string materialName;
     /** Those of `materialName`; null before its first face. */
-    Faces* faces = nullptr;
+    Faces* currentFaces = nullptr;
     std::vector<std::string> libraryNames;
 };
 
