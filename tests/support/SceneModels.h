@@ -59,16 +59,18 @@ public:
 /** Lets ".obj" names be read by `CubeParser` while it lives. */
 class CubeFiles {
 public:
-    CubeFiles() {
+    CubeFiles() : former(ManagerModelMultiplicity::setParser(".obj", CubeParser::New)) {
         CubeParser::parseCount = 0;
-        ManagerModelMultiplicity::setParser(".obj", CubeParser::New);
     }
     CubeFiles(const CubeFiles&) = delete;
     CubeFiles& operator=(const CubeFiles&) = delete;
     ~CubeFiles() {
         ManagerModelMultiplicity::shutdown();
-        ManagerModelMultiplicity::setParser(".obj", nullptr);
+        ManagerModelMultiplicity::setParser(".obj", former);
     }
+
+private:
+    ManagerModelMultiplicity::MakeParser former;
 };
 
 /** An object that draws nothing, at `place`. */

@@ -229,10 +229,10 @@ TEST_F(ModelTest, CyclesThroughItsSkins) {
 
 TEST_F(ModelTest, FindsTheEndingAnywhereInTheName) {
     EXPECT_EQ(cube("cube.Obj.bak")->getNumberOfFaces(), 12U);
-    ManagerModelMultiplicity::setParser(".wrl", Tests::CubeParser::New);
+    const auto former = ManagerModelMultiplicity::setParser(".wrl", Tests::CubeParser::New);
     ManagerModelMultiplicity::setParser(".obj", nullptr);
     EXPECT_EQ(cube("cube.obj.wrl")->getNumberOfFaces(), 12U) << "this ending is looked for first";
-    ManagerModelMultiplicity::setParser(".wrl", nullptr);
+    EXPECT_EQ(ManagerModelMultiplicity::setParser(".wrl", former), &Tests::CubeParser::New);
 }
 
 TEST_F(ModelTest, ShowsNothingOfAFileWithoutMeshes) {
@@ -294,11 +294,13 @@ TEST_F(ModelDeathTest, EndsTheProcessWhereThereIsNothingToShow) {
         "Model::getSkin\\(\\) called on Base Model with nullptr modelData(.|\n)*Halting Execution now");
     EXPECT_EXIT(reported([&] { model.addSkin(ModelMeshSkin(), 0); })(), ::testing::ExitedWithCode(255),
                 "ERROR: Model.cpp:[0-9]+: Model::getSkins\\(\\) called on Base Model");
-    for (const char* const file : {"broken.obj", "cube.dae", "", "cube.obj.wrl"}) {
+    for (const char* const file : {"broken.obj", "cube.dae", "", "none.3ds"}) {
         EXPECT_EXIT(reported([&] { cube(file); })(), ::testing::ExitedWithCode(255),
                     "ManagerModelMultiplicity Failed to load file '" + std::string(file) +
                         "'...\nPress ENTER to exit...\n");
     }
+    EXPECT_EXIT(reported([&] { cube("cube.obj.wrl"); })(), ::testing::ExitedWithCode(255),
+                "ERROR: Can't Find File: cube.obj.wrl\n$");
 }
 
 } // namespace

@@ -113,7 +113,7 @@ TEST(OBJFile, GivesACornerWithOtherAttributesAVertexOfItsOwn) {
 }
 
 TEST(OBJFile, MakesAMeshForEachMaterialInTheOrderOfTheNames) {
-    const OBJMaterials materials{{"b", {.Kd = {0, 0, 1}}}, {"unused", {}}};
+    const OBJMaterials materials{{"b", {.Kd = {0, 0, 1}, .textureName = {}}}, {"unused", {}}};
     std::vector<OBJMesh> meshes =
         read(withSquare("usemtl b\nf 1 2 3\nusemtl a\nf 2 3 4\nusemtl none\nusemtl b \nf 1 2 4"))
             .makeMeshes(materials, one);

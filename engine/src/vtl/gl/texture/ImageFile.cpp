@@ -1,6 +1,7 @@
 #include "vtl/gl/texture/ImageFile.h"
 
 #include "vtl/base/Report.h"
+#include "vtl/base/WholeFile.h"
 #include "vtl/gl/texture/CutOffJPEG.h"
 #include "vtl/gl/texture/SDLMemoryLimit.h"
 
@@ -10,12 +11,10 @@
 #include <cmath>
 #include <cstddef>
 #include <filesystem>
-#include <fstream>
 #include <limits>
 #include <optional>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace Vantrel {
 namespace {
@@ -54,24 +53,6 @@ std::size_t largestBlock(std::size_t fileSize, std::uint32_t longestSide) {
     constexpr std::size_t besidesThePicture = 1U << 20U;
     const std::size_t largest = std::size_t{longestSide} * longestSide * bytesPerPixel + besidesThePicture;
     return std::min(std::max(largePicture, deflateRatio * fileSize), largest);
-}
-
-/** None for what is no plain file, and for one that SDL's streams are too short for. */
-std::optional<std::vector<std::byte>> readFile(const std::string& fileName) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(fileName, error)) {
-        return std::nullopt;
-    }
-    std::ifstream in(fileName, std::ios::binary | std::ios::ate);
-    const std::streamoff size = in.tellg();
-    if (!in || size > std::numeric_limits<int>::max()) {
-        return std::nullopt;
-    }
-    std::vector<std::byte> bytes(static_cast<std::size_t>(size));
-    in.seekg(0);
-    in.read(reinterpret_cast<char*>(bytes.data()), size);
-    bytes.resize(static_cast<std::size_t>(in.gcount()));
-    return bytes;
 }
 
 using Reader = SDL_Surface* (*)(SDL_RWops*);
@@ -128,12 +109,13 @@ std::uint8_t mix(const std::array<const std::uint8_t*, 4>& pixels, std::size_t c
 } // namespace
 
 SDLSurface readImageFile(const std::string& fileName, std::uint32_t longestSide) {
-    const std::optional<std::vector<std::byte>> file = readFile(fileName);
+    constexpr int longestStream = std::numeric_limits<int>::max(); // of SDL
+    const std::optional<WholeFile> file = WholeFile::read(fileName, longestStream);
     if (!file) {
         SDL_SetError("Couldn't open %s", fileName.c_str());
         return nullptr;
     }
-    return decodeImage(*file, std::filesystem::path(fileName).extension().string(), longestSide);
+    return decodeImage(file->bytes(), std::filesystem::path(fileName).extension().string(), longestSide);
 }
 
 SDLSurface decodeImage(std::span<const std::byte> file, const std::string& extension,

@@ -4,11 +4,14 @@
 #include "vtl/base/Report.h"
 #include "vtl/gl/ManagerOpenGLState.h"
 #include "vtl/scene/model/ModelDataShared.h"
-#include "vtl/scene/parser/ModelParser.h"
+#include "vtl/scene/parser/ModelParser3DS.h"
+#include "vtl/scene/parser/ModelParserOBJ.h"
+#include "vtl/scene/parser/ModelParserVRML.h"
 
 #include <algorithm>
 #include <array>
 #include <map>
+#include <utility>
 
 namespace Vantrel {
 namespace {
@@ -18,7 +21,8 @@ struct FileKind {
     ManagerModelMultiplicity::MakeParser makeParser;
 };
 
-std::array<FileKind, 3> fileKinds{{{".wrl", nullptr}, {".3ds", nullptr}, {".obj", nullptr}}};
+std::array<FileKind, 3> fileKinds{
+    {{".wrl", ModelParserVRML::New}, {".3ds", ModelParser3DS::New}, {".obj", ModelParserOBJ::New}}};
 
 using Masters = std::map<ModelDataSharedID, std::unique_ptr<ModelDataShared>, ModelDataSharedIDOrder>;
 
@@ -97,12 +101,11 @@ void ManagerModelMultiplicity::release(const ModelDataShared& instance) {
     }
 }
 
-void ManagerModelMultiplicity::setParser(std::string_view ending, MakeParser make) {
-    for (FileKind& kind : fileKinds) {
-        if (kind.ending == ending) {
-            kind.makeParser = make;
-        }
-    }
+ManagerModelMultiplicity::MakeParser ManagerModelMultiplicity::setParser(std::string_view ending,
+                                                                         MakeParser make) {
+    const auto kind = std::find_if(fileKinds.begin(), fileKinds.end(),
+                                   [&](const FileKind& candidate) { return candidate.ending == ending; });
+    return kind != fileKinds.end() ? std::exchange(kind->makeParser, make) : nullptr;
 }
 
 } // namespace Vantrel

@@ -39,9 +39,9 @@ public:
 
     /**
      * Has files read that have `ending`, one of ".wrl", ".3ds" and ".obj", somewhere in their names, in lower
-     * or upper case. The three are looked for in this order.
+     * or upper case. The three are looked for in this order. Returns the former parser; null for none.
      */
-    static void setParser(std::string_view ending, MakeParser make);
+    static MakeParser setParser(std::string_view ending, MakeParser make);
 };
 
 } // namespace Vantrel

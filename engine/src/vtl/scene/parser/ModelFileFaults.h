@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <string_view>
 
@@ -10,6 +11,14 @@ namespace Vantrel {
 struct ModelFileFaults {
     /** Prints what there is to say, in the name of the class `reader`. */
     void report(std::string_view reader, std::string_view fileName) const;
+
+    /** Makes what isn't finite 0, and counts it. */
+    void makeFinite(float& number) {
+        if (!std::isfinite(number)) {
+            number = 0;
+            ++numbers;
+        }
+    }
 
     /** Numbers that aren't finite, or none at all; they count as 0. */
     std::size_t numbers = 0;

@@ -51,11 +51,12 @@ const char* readDecimal(const char* at, const char* end, Decimal& number) {
     }
     if (at != end && (*at == 'e' || *at == 'E')) {
         const bool hasSign = end - at > 1 && (at[1] == '-' || at[1] == '+');
-        int exponent = 0;
-        const auto result = std::from_chars(at + (hasSign ? 2 : 1), end, exponent);
-        if (result.ec == std::errc{} && exponent >= 0) {
-            number.exponent += hasSign && at[1] == '-' ? -exponent : exponent;
-            at = result.ptr;
+        const char* const digits = at + (hasSign ? 2 : 1);
+        if (digits != end && isDigit(*digits)) {
+            int exponent = std::numeric_limits<int>::max(); // stays where there are too many digits
+            const char* const behind = std::from_chars(digits, end, exponent).ptr;
+            number.exponent += hasSign && at[1] == '-' ? -std::ptrdiff_t{exponent} : exponent;
+            at = behind;
         }
     }
     return at;
@@ -82,19 +83,15 @@ float quickFloat(const Decimal& number) {
                                                                           : static_cast<float>(value);
 }
 
-/** The number at the start of a word, whatever it is. */
-float anyFloat(std::string_view word, ModelFileFaults& faults) {
-    const std::string_view digits = word.substr(word.starts_with('+') ? 1 : 0);
+/** A number with digits and without a sign, whatever it is. */
+float anyFloat(std::string_view digits, ModelFileFaults& faults) {
     float value = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
         value = std::strtof(std::string(digits).c_str(), nullptr); // zero or infinite
     }
-    if (result.ec != std::errc::invalid_argument && std::isfinite(value)) {
-        return value;
-    }
-    ++faults.numbers;
-    return 0;
+    faults.makeFinite(value);
+    return value;
 }
 
 } // namespace
@@ -140,22 +137,34 @@ std::int32_t takeInteger(std::string_view& text) {
     return static_cast<std::int32_t>(isNegative ? std::max(-value, -largest - 1) : std::min(value, largest));
 }
 
-float takeFloat(std::string_view& text, ModelFileFaults& faults) {
+bool takeLeadingFloat(std::string_view& text, float& value, ModelFileFaults& faults) {
     skipWhiteSpace(text);
+    value = 0;
     if (text.empty()) {
-        return 0;
+        return false;
     }
     const bool isNegative = text.front() == '-';
-    const char* const end = text.data() + text.size();
+    const char* const start = text.data() + (isNegative || text.front() == '+' ? 1 : 0);
     Decimal number;
-    const char* const behind = readDecimal(text.data() + (isNegative ? 1 : 0), end, number);
-    if (behind == end || isWhiteSpace(*behind)) {
-        if (const float value = quickFloat(number); !std::isnan(value)) {
-            text.remove_prefix(static_cast<std::size_t>(behind - text.data()));
-            return isNegative ? -value : value;
-        }
+    const char* const behind = readDecimal(start, text.data() + text.size(), number);
+    if (number.digits == 0) {
+        ++faults.numbers;
+        return false;
     }
-    return anyFloat(takeWord(text), faults);
+    text.remove_prefix(static_cast<std::size_t>(behind - text.data()));
+    const float quick = quickFloat(number);
+    const float positive = std::isnan(quick) ? anyFloat({start, behind}, faults) : quick;
+    value = isNegative ? -positive : positive;
+    return true;
+}
+
+float takeFloat(std::string_view& text, ModelFileFaults& faults) {
+    float value = 0;
+    takeLeadingFloat(text, value, faults);
+    if (!text.empty() && !isWhiteSpace(text.front())) {
+        takeWord(text);
+    }
+    return value;
 }
 
 } // namespace Vantrel

@@ -35,4 +35,10 @@ std::int32_t takeInteger(std::string_view& text);
  */
 float takeFloat(std::string_view& text, ModelFileFaults& faults);
 
+/**
+ * The same for what `text` starts with, of which the number alone is cut off, as a text stream extracts it.
+ * False, and `value` 0, where there is no number.
+ */
+bool takeLeadingFloat(std::string_view& text, float& value, ModelFileFaults& faults);
+
 } // namespace Vantrel
