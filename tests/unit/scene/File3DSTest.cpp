@@ -114,6 +114,31 @@ TEST(File3DS, ReadsMaterials) {
     EXPECT_EQ(materials[2].bumpName, "bumps.png");
 }
 
+TEST(File3DS, ReadsWhatOtherProgramsWrite) {
+    for (const auto& [name, concrete] : {std::pair("assimp.3ds", 1U), std::pair("openscenegraph.3ds", 0U)}) {
+        const ReportCapture reports;
+        const std::optional<WholeFile> bytes =
+            WholeFile::read(std::string(KELDIN_TEST_DATA "models/") + name);
+        ASSERT_TRUE(bytes) << name;
+        const std::optional<File3DS> file = File3DS::read(bytes->bytes());
+        ASSERT_TRUE(file) << reports.text();
+        EXPECT_EQ(file->getMeshes().size(), 3U) << name;
+        EXPECT_EQ(file->getMaterials().at(concrete + 1).textureName, "glass.png");
+        const Material3DS::Color& diffuse = file->getMaterials()[concrete].diffuse;
+        EXPECT_NEAR(diffuse[0], 0.6F, 1e-6F) << name;
+        EXPECT_NEAR(diffuse[2], 0.55F, 0.002F) << name;
+        ModelFileFaults faults;
+        const std::vector<MaterialMesh3DS> meshes = MaterialMesh3DS::meshesOf(*file, one, faults);
+        ASSERT_EQ(meshes.size(), 2U) << name;
+        EXPECT_EQ(meshes[0].material, concrete);
+        EXPECT_EQ(meshes[0].indices.size(), 3 * 24U) << "shaft and hut";
+        EXPECT_EQ(meshes[1].indices.size(), 3 * 12U) << "the cab";
+        EXPECT_EQ(meshes[1].vertices.size(), 20U) << name;
+        EXPECT_EQ(faults.faces + faults.numbers, 0U);
+        EXPECT_EQ(reports.text(), "");
+    }
+}
+
 TEST(File3DS, RefusesWhatDoesNotFit) {
     const std::string whole = file3DS(object3DS(triangle, faces3DS({{0, 1, 2}}, "m")));
     const std::string open = "no zero";
@@ -156,8 +181,10 @@ TEST(File3DS, RefusesWhatDoesNotFit) {
               file3DS(object3DS({}, chunk3DS(0x4120, packed(std::uint16_t{1}, 1, std::uint16_t{1})))),
               std::string("0x4120 at byte 49: ") + list},
              {"too few faces of a material",
-              file3DS(object3DS({}, chunk3DS(0x4120, packed(std::uint16_t{0}) +
-                                                         chunk3DS(0x4130, zeroEnded("m") + packed(std::uint16_t{2}, std::uint16_t{0}))))),
+              file3DS(object3DS(
+                  {}, chunk3DS(0x4120, packed(std::uint16_t{0}) +
+                                           chunk3DS(0x4130, zeroEnded("m") + packed(std::uint16_t{2},
+                                                                                    std::uint16_t{0}))))),
               std::string("0x4130 at byte 57: ") + list},
              {"half a colour", file3DS(chunk3DS(0xAFFF, chunk3DS(0xA010, chunk3DS(0x0011, "\x01\x02")))),
               std::string("0x11 at byte 34: ") + list}}) {
