@@ -11,33 +11,40 @@
 namespace Vantrel {
 namespace {
 
-bool standsAt(std::string_view text, std::size_t at, std::string_view oneOf) {
-    return at < text.size() && oneOf.find(text[at]) != std::string_view::npos;
+bool standsAt(std::string_view text, std::size_t at, char c) {
+    return at < text.size() && text[at] == c;
 }
 
-std::size_t skipOne(std::string_view text, std::size_t at, std::string_view oneOf) {
-    return standsAt(text, at, oneOf) ? at + 1 : at;
+std::size_t skipSign(std::string_view text, std::size_t at) {
+    return standsAt(text, at, '+') || standsAt(text, at, '-') ? at + 1 : at;
+}
+
+bool isDigitAt(std::string_view text, std::size_t at) {
+    return at < text.size() && text[at] >= '0' && text[at] <= '9';
 }
 
 std::size_t skipDigits(std::string_view text, std::size_t at) {
-    return std::min(text.find_first_not_of("0123456789", at), text.size());
+    while (isDigitAt(text, at)) {
+        ++at;
+    }
+    return at;
 }
 
 /** `at` when no complete exponent stands there. */
 std::size_t skipExponent(std::string_view text, std::size_t at) {
-    if (!standsAt(text, at, "eE")) {
+    if (!standsAt(text, at, 'e') && !standsAt(text, at, 'E')) {
         return at;
     }
-    const std::size_t digits = skipOne(text, at + 1, "+-");
+    const std::size_t digits = skipSign(text, at + 1);
     const std::size_t end = skipDigits(text, digits);
     return end > digits ? end : at;
 }
 
 /** `at` when no number begins there. A point belongs to a number only with a digit behind it. */
 std::size_t skipNumber(std::string_view text, std::size_t at) {
-    const std::size_t digits = skipOne(text, at, "+-");
+    const std::size_t digits = skipSign(text, at);
     std::size_t end = skipDigits(text, digits);
-    if (standsAt(text, end, ".") && standsAt(text, end + 1, "0123456789")) {
+    if (standsAt(text, end, '.') && isDigitAt(text, end + 1)) {
         end = skipDigits(text, end + 1);
     }
     return end > digits ? skipExponent(text, end) : at;
@@ -65,7 +72,7 @@ bool isTooLarge(std::string_view number) {
         return place > 0;
     }
     std::string_view digits = number.substr(mantissa.size() + 1);
-    digits.remove_prefix(skipOne(digits, 0, "+"));
+    digits.remove_prefix(standsAt(digits, 0, '+') ? 1 : 0);
     std::int64_t exponent = 0;
     const bool fits =
         std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec == std::errc{};
@@ -76,7 +83,7 @@ bool isTooLarge(std::string_view number) {
 template <class T>
 bool readNumber(std::string_view number, T& value) {
     const bool isNegative = number.starts_with('-');
-    number.remove_prefix(skipOne(number, 0, "+-"));
+    number.remove_prefix(skipSign(number, 0));
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
     const bool isOutOfRange = result.ec == std::errc::result_out_of_range;
     const bool fits = !isOutOfRange || !isTooLarge(number);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 #include <numeric>
+#include <span>
 #include <tuple>
 
 namespace Vantrel {
@@ -15,8 +16,14 @@ constexpr std::size_t cornersOfFace = 3;
 constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
 
 std::string_view trimmed(std::string_view line) {
-    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
-    return line.substr(0, line.find_last_not_of(" \t\r\n") + 1);
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    while (!line.empty() && (isBlank(line.back()) || line.back() == '\r' || line.back() == '\n')) {
+        line.remove_suffix(1);
+    }
+    while (!line.empty() && isBlank(line.front())) {
+        line.remove_prefix(1);
+    }
+    return line;
 }
 
 bool readUntil(FileLines& lines, std::string_view token) {
@@ -37,18 +44,24 @@ constexpr bool isDelimiter(char c) {
     return c == ',' || c == '-';
 }
 
+template <class IsSkipped>
+void skipWhile(std::string_view& text, IsSkipped isSkipped) {
+    std::size_t count = 0;
+    while (count < text.size() && isSkipped(text[count])) {
+        ++count;
+    }
+    text.remove_prefix(count);
+}
+
 /** Cuts a piece and the delimiters before it off the front: the whole number that it starts with. */
 std::uint32_t takeIndex(std::string_view& text) {
-    const auto skipWhile = [&text](auto isSkipped) {
-        text = {std::find_if_not(text.begin(), text.end(), isSkipped), text.end()};
-    };
-    skipWhile(isDelimiter);
+    skipWhile(text, isDelimiter);
     if (text.empty()) {
         return none;
     }
-    skipWhile(isWhiteSpace);
+    skipWhile(text, isWhiteSpace);
     const std::int32_t number = takeInteger(text);
-    skipWhile([](char c) { return !isDelimiter(c); });
+    skipWhile(text, [](char c) { return !isDelimiter(c); });
     return static_cast<std::uint32_t>(number);
 }
 
@@ -56,32 +69,6 @@ void addIndices(std::string_view line, std::vector<std::uint32_t>& indices) {
     for (std::size_t corner = 0; corner < cornersOfFace; ++corner) {
         indices.push_back(takeIndex(line));
     }
-}
-
-/** A corner whose vertex has another texture coordinate already. */
-struct SeamCorner {
-    std::size_t corner;
-    std::uint32_t vertex;
-    TextureVertex coord;
-};
-
-/** For each of the corners the place of the first one with the same vertex and texture coordinate. */
-std::vector<std::size_t> leadersOf(const std::vector<SeamCorner>& corners) {
-    // Sorted, since all corners may be of one vertex, which no bad luck with hashes may slow down.
-    std::vector<std::size_t> order(corners.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::ranges::sort(order, {}, [&corners](std::size_t place) {
-        const SeamCorner& corner = corners[place];
-        return std::tuple(corner.vertex, corner.coord.u, corner.coord.v, place);
-    });
-    std::vector<std::size_t> leaders(corners.size());
-    for (std::size_t i = 0; i < order.size(); ++i) {
-        const SeamCorner& corner = corners[order[i]];
-        const SeamCorner& former = corners[order[i == 0 ? 0 : i - 1]];
-        const bool isSame = i != 0 && corner.vertex == former.vertex && corner.coord == former.coord;
-        leaders[order[i]] = isSame ? leaders[order[i - 1]] : order[i];
-    }
-    return leaders;
 }
 
 } // namespace
@@ -181,29 +168,69 @@ void ModelParserVRMLShape::dropUnusableFaces(ModelFileFaults& faults) {
 std::vector<Vector> ModelParserVRMLShape::splitAtSeams() {
     std::vector<Vector> coords(vertices.size());
     std::vector<bool> isUsed(vertices.size());
-    std::vector<SeamCorner> seamCorners;
+    std::vector<std::size_t> seamCorners;
     for (std::size_t corner = 0; corner < coordIndices.size(); ++corner) {
         const std::uint32_t vertex = coordIndices[corner];
-        const TextureVertex& coord = textureVertices[textureCoordIndices[corner]];
+        const TextureVertex& coord = coordAt(corner);
         if (!isUsed[vertex]) {
             isUsed[vertex] = true;
             coords[vertex] = Vector(coord.u, coord.v, 0);
         } else if (coord != TextureVertex(coords[vertex].x, coords[vertex].y)) {
-            seamCorners.push_back({corner, vertex, coord});
+            seamCorners.push_back(corner);
         }
     }
     const std::vector<std::size_t> leaders = leadersOf(seamCorners);
     for (std::size_t i = 0; i < seamCorners.size(); ++i) {
-        const auto& [corner, vertex, coord] = seamCorners[i];
+        std::uint32_t& index = coordIndices[seamCorners[i]];
         if (leaders[i] == i) {
-            coordIndices[corner] = static_cast<std::uint32_t>(vertices.size());
-            vertices.push_back(vertices[vertex]);
+            const TextureVertex& coord = coordAt(seamCorners[i]);
             coords.emplace_back(coord.u, coord.v, 0.0F);
+            vertices.push_back(vertices[index]);
+            index = static_cast<std::uint32_t>(vertices.size() - 1);
         } else {
-            coordIndices[corner] = coordIndices[seamCorners[leaders[i]].corner];
+            index = coordIndices[seamCorners[leaders[i]]];
         }
     }
     return coords;
+}
+
+/** For each of the corners the place of the first one with the same vertex and texture coordinate. */
+std::vector<std::size_t> ModelParserVRMLShape::leadersOf(const std::vector<std::size_t>& corners) const {
+    std::vector<std::size_t> leaders(corners.size());
+    std::size_t former = 0; // the first of its vertex, which nothing here is like
+    std::size_t leader = 0;
+    for (const std::size_t place : sortedPlaces(corners)) {
+        const std::size_t corner = corners[place];
+        if (coordIndices[corner] != coordIndices[former] || coordAt(corner) != coordAt(former)) {
+            leader = place;
+        }
+        leaders[place] = leader;
+        former = corner;
+    }
+    return leaders;
+}
+
+/** The places of the corners, those of each vertex together and sorted by its texture coordinates. */
+std::vector<std::size_t> ModelParserVRMLShape::sortedPlaces(const std::vector<std::size_t>& corners) const {
+    std::vector<std::size_t> ends(vertices.size());
+    for (const std::size_t corner : corners) {
+        ++ends[coordIndices[corner]];
+    }
+    std::partial_sum(ends.begin(), ends.end(), ends.begin());
+    std::vector<std::size_t> starts = ends;
+    std::vector<std::size_t> places(corners.size());
+    for (std::size_t place = corners.size(); place-- > 0;) {
+        places[--starts[coordIndices[corners[place]]]] = place;
+    }
+    for (std::size_t vertex = 0; vertex < vertices.size(); ++vertex) {
+        // Not hashed: all corners may be of one vertex, and no bad luck with hashes may slow that down.
+        std::ranges::sort(std::span(places).subspan(starts[vertex], ends[vertex] - starts[vertex]), {},
+                          [&](std::size_t place) {
+                              const TextureVertex& coord = coordAt(corners[place]);
+                              return std::tuple(coord.u, coord.v, place);
+                          });
+    }
+    return places;
 }
 
 } // namespace Vantrel

@@ -50,6 +50,11 @@ private:
     template <class AddEntry>
     bool readList(FileLines& lines, AddEntry addEntry) const;
     void dropUnusableFaces(ModelFileFaults& faults);
+    const TextureVertex& coordAt(std::size_t corner) const {
+        return textureVertices[textureCoordIndices[corner]];
+    }
+    std::vector<std::size_t> leadersOf(const std::vector<std::size_t>& corners) const;
+    std::vector<std::size_t> sortedPlaces(const std::vector<std::size_t>& corners) const;
 };
 
 } // namespace Vantrel

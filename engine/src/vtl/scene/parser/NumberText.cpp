@@ -123,18 +123,17 @@ std::string_view takeWord(std::string_view& text) {
 }
 
 std::int32_t takeInteger(std::string_view& text) {
-    constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
-    constexpr std::size_t mostExactDigits = 18;
+    constexpr std::int64_t beyond = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;
     const bool isNegative = text.starts_with('-');
-    const std::size_t first = isNegative || text.starts_with('+') ? 1 : 0;
-    std::size_t at = first;
-    std::uint64_t digits = 0; // wraps around only when there are too many
+    std::size_t at = isNegative || text.starts_with('+') ? 1 : 0;
+    std::int64_t value = 0;
     for (; at < text.size() && isDigit(text[at]); ++at) {
-        digits = 10 * digits + static_cast<std::uint64_t>(text[at] - '0');
+        if (value < beyond) {
+            value = 10 * value + (text[at] - '0');
+        }
     }
-    const auto value = at - first <= mostExactDigits ? static_cast<std::int64_t>(digits) : largest + 1;
     text.remove_prefix(at);
-    return static_cast<std::int32_t>(isNegative ? std::max(-value, -largest - 1) : std::min(value, largest));
+    return static_cast<std::int32_t>(isNegative ? -std::min(value, beyond) : std::min(value, beyond - 1));
 }
 
 bool takeLeadingFloat(std::string_view& text, float& value, ModelFileFaults& faults) {
