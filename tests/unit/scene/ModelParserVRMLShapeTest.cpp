@@ -161,34 +161,5 @@ TEST(ModelParserVRMLShape, CopiesVerticesAtSeams) {
         << "one that no corner uses has zeros";
 }
 
-TEST(ModelParserVRMLShape, GivesACubeOfEightCornersTwentyFourVertices) {
-    Reading reading(Parts().multiLine());
-    ModelParserVRMLShape& cube = reading.shape;
-    cube.vertices.assign(8, Vector());
-    cube.textureVertices.clear();
-    cube.coordIndices.clear();
-    cube.textureCoordIndices.clear();
-    // Four corners a side, each with a texture coordinate of its own.
-    for (const std::array<std::uint32_t, 4>& side : std::vector<std::array<std::uint32_t, 4>>{
-             {0, 1, 3, 2}, {4, 6, 7, 5}, {0, 4, 5, 1}, {2, 3, 7, 6}, {0, 2, 6, 4}, {1, 5, 7, 3}}) {
-        const auto first = static_cast<std::uint32_t>(cube.textureVertices.size());
-        for (std::uint32_t i = 0; i < 4; ++i) {
-            cube.textureVertices.emplace_back(static_cast<float>(first + i), 0.0F);
-        }
-        for (const std::uint32_t i : {0U, 1U, 2U, 0U, 2U, 3U}) {
-            cube.coordIndices.push_back(side[i]);
-            cube.textureCoordIndices.push_back(first + i);
-        }
-    }
-    const std::vector<Vector> coords = cube.splitAtSeams();
-    EXPECT_EQ(cube.vertices.size(), 24U);
-    ASSERT_EQ(coords.size(), 24U);
-    for (std::size_t corner = 0; corner < 36; ++corner) {
-        const TextureVertex& own = cube.textureVertices[cube.textureCoordIndices[corner]];
-        EXPECT_EQ(coords[cube.coordIndices[corner]].x, own.u) << corner;
-    }
-    EXPECT_EQ(cube.coordIndices[12], 8U) << "the first corner of the third side is the first copy";
-}
-
 } // namespace
 } // namespace Vantrel
