@@ -1,10 +1,14 @@
-# keldin_options: what every target of the project is compiled and linked with.
-add_library(keldin_options INTERFACE)
-target_include_directories(keldin_options INTERFACE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/engine/src")
-target_compile_definitions(keldin_options INTERFACE KELDIN_VERSION="${PROJECT_VERSION}")
-target_compile_options(keldin_options INTERFACE
+# keldin_rules: where includes are found and what counts as an error.
+add_library(keldin_rules INTERFACE)
+target_include_directories(keldin_rules INTERFACE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/engine/src")
+target_compile_options(keldin_rules INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   -Wcast-align -Wformat=2 -Wimplicit-fallthrough -Werror)
+
+# keldin_options: what every target of the project is compiled and linked with; the sanitizers too.
+add_library(keldin_options INTERFACE)
+target_link_libraries(keldin_options INTERFACE keldin_rules)
+target_compile_definitions(keldin_options INTERFACE KELDIN_VERSION="${PROJECT_VERSION}")
 
 # Function-local magic: the linker drops what no program uses.
 target_compile_definitions(keldin_options INTERFACE $<$<NOT:$<STREQUAL:${KELDIN_SANITIZER},none>>:KELDIN_SANITIZED>

@@ -1,0 +1,108 @@
+#include "tools/assets/Sky.h"
+
+#include "tools/assets/Clouds.h"
+#include "tools/assets/Noise.h"
+
+#include <cmath>
+
+namespace Assets {
+namespace {
+
+constexpr int side = 1024;
+constexpr Color haze = bytes(208, 220, 230);
+
+/** Where a point of a square at the side or above lies, `across` and `up` from -1 to 1. */
+Point onCube(int square, float across, float up) {
+    switch (square) {
+    case 0:
+        return {across, 1, up};
+    case 1:
+        return {1, -across, up};
+    case 2:
+        return {-across, -1, up};
+    case 3:
+        return {-1, across, up};
+    default:
+        return {-up, -across, 1};
+    }
+}
+
+Point toUnit(const Point& point) {
+    return point * (1 / std::sqrt(point.x * point.x + point.y * point.y + point.z * point.z));
+}
+
+Color clearSky(float rise) {
+    constexpr Color horizonBlue = bytes(150, 187, 222);
+    constexpr Color blue = bytes(52, 104, 176);
+    const Color above = mix(horizonBlue, blue, 1 - std::exp(-2.3F * rise));
+    return mix(above, haze, std::exp(-9 * rise));
+}
+
+/** The sun's disc and the glare about it, by the sine of the angle from the zenith. */
+Color sunlight(float away) {
+    constexpr Color warm{1.0F, 0.97F, 0.9F};
+    const float disc = 1 - smoothStep(0.011F, 0.017F, away);
+    return warm * (1.2F * disc + 0.55F * std::exp(-away / 0.035F) + 0.22F * std::exp(-away / 0.16F));
+}
+
+Color skyAlong(const Point& direction, const Clouds& clouds) {
+    const float rise = std::max(direction.z, 0.004F);
+    const float away = std::sqrt(direction.x * direction.x + direction.y * direction.y);
+    const CloudLight cloud = clouds.seenAlong({direction.x, direction.y, rise}, haze);
+    const Color behind = (clearSky(rise) + sunlight(away)) * cloud.clear;
+    return behind + cloud.added + sunlight(away) * (0.35F * (1 - cloud.clear));
+}
+
+/** Country that fades in the haze, like the ground that ends before it. */
+Color landAlong(float fall) {
+    constexpr Color far = bytes(168, 184, 182);
+    constexpr Color near = bytes(112, 132, 84);
+    const Color land = mix(far, near, smoothStep(0, 0.09F, fall));
+    return mix(haze, land, smoothStep(0, 0.012F, fall));
+}
+
+Color colorAlong(const Point& direction, const Clouds& clouds) {
+    constexpr float landed = 0.42F;
+    constexpr float mirrored = 0.55F; // below the sine of 35 degrees, where the square below begins
+    const float fall = -direction.z;
+    if (fall <= 0) {
+        return skyAlong(direction, clouds);
+    }
+    if (fall < landed) {
+        return landAlong(fall);
+    }
+    return mix(landAlong(fall), skyAlong({direction.x, direction.y, fall}, clouds),
+               smoothStep(landed, mirrored, fall));
+}
+
+enum Square : int { below = 4, above = 5, squares = 6 };
+
+void mirrorInto(Picture& strip) {
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
+            strip.copy(below * side + x, y, above * side + side - 1 - x, y);
+        }
+    }
+}
+
+} // namespace
+
+Picture skyPicture() {
+    constexpr float dither = 1.0F / 255;
+    const Clouds clouds;
+    Picture strip = Picture::of(squares * side, side, [&](int x, int y) {
+        const int square = x / side;
+        if (square == below) {
+            return haze;
+        }
+        const auto last = static_cast<float>(side - 1); // whose middle is on the edge of the square
+        const float across = 2 * static_cast<float>(x % side) / last - 1;
+        const float up = 2 * static_cast<float>(y) / last - 1;
+        const float grain = (randomAt(x, y, 7) - 0.5F) * dither;
+        return colorAlong(toUnit(onCube(square, across, up)), clouds) + Color{grain, grain, grain};
+    });
+    mirrorInto(strip);
+    return strip;
+}
+
+} // namespace Assets
