@@ -10,12 +10,13 @@ namespace Assets {
 namespace {
 
 constexpr float half = 2;
-constexpr float radius = 0.3F;
+constexpr float radius = 0.5F; // much, so that light from above gets round to the sides
 constexpr float flat = half - radius;
 
 /** Places of the lines of a side's net, close together on the rounding. */
-constexpr std::array lines{-half,        -flat - 0.2F, -flat - 0.1F, -flat,       -flat + 0.05F,
-                           flat - 0.05F, flat,         flat + 0.1F,  flat + 0.2F, half};
+constexpr std::array lines{-half,       -half + 0.1F, -half + 0.2F, -half + 0.3F, -half + 0.4F,
+                           -flat,       -flat + 0.1F, flat - 0.1F,  flat,         half - 0.4F,
+                           half - 0.3F, half - 0.2F,  half - 0.1F,  half};
 
 float restOf(float place) {
     return place - std::clamp(place, -flat, flat);
@@ -73,13 +74,13 @@ TriangleModel roundedCube() {
 Picture redPlasticPicture() {
     constexpr int side = 256;
     return Picture::of(side, side, [](int x, int y) {
-        constexpr Color deep = bytes(150, 8, 14);
-        constexpr Color bright = bytes(232, 30, 32);
+        constexpr Color deep = bytes(178, 10, 16);
+        constexpr Color bright = bytes(248, 36, 36);
         constexpr Color shine{1.0F, 0.93F, 0.9F};
         const float u = 2 * (static_cast<float>(x) + 0.5F) / side - 1;
         const float v = 2 * (static_cast<float>(y) + 0.5F) / side - 1;
         const float rim = smoothStep(-0.5F, 0.0F, outsideBox(u, v, 1, 1, 0.3F));
-        const Color body = mix(mix(deep, bright, 0.62F + 0.38F * v), deep, 0.55F * rim);
+        const Color body = mix(bright, deep, 0.75F * rim + 0.2F * (1 - v) * (1 - rim));
         // A window's light, bent by the moulding.
         const float window = outsideBox(u + 0.34F + 0.06F * v, v - 0.5F - 0.1F * u * u, 0.42F, 0.19F, 0.14F);
         return mix(body, shine, 0.5F * smoothStep(0.06F, -0.12F, window) * (0.6F + 0.4F * v));

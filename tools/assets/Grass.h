@@ -11,7 +11,7 @@ namespace Assets {
  */
 Picture grassPicture();
 
-/** A flat square of 400 by 400 about the origin; the picture covers it once. */
+/** A flat square of 400 by 400 about the origin; the picture covers it about once, bent a little. */
 TriangleModel grassFloor();
 
 } // namespace Assets

@@ -11,8 +11,20 @@ namespace {
 /** A bar of metal, lit from one side: 0 in the middle, -1 and 1 at its sides. */
 Color metalAt(float place) {
     constexpr Color dark = bytes(44, 50, 60);
-    constexpr Color light = bytes(148, 156, 164);
+    constexpr Color light = bytes(118, 126, 136);
     return mix(dark, light, smoothStep(1.05F, 0.05F, std::abs(place + 0.25F)));
+}
+
+/** A cover as wide as the dipoles; without one the array would vanish from afar, thin on white as it is. */
+float outsideCover(float x, float y) {
+    const float half = mix(0.485F, 0.135F, (x + 0.97F) / 1.94F);
+    return std::max(std::abs(y) - half, std::abs(x) - 0.97F);
+}
+
+Color coverAt(float x, float y) {
+    constexpr Color grey = bytes(150, 158, 166);
+    constexpr float rim = 0.03F;
+    return grey * mix(1.0F, 0.62F, smoothStep(-rim, -rim / 3, outsideCover(x, y)));
 }
 
 } // namespace
@@ -40,7 +52,7 @@ Picture dipoleArrayPicture() {
         constexpr float ratio = 0.82F; // of one dipole to the next longer one, and of their distances
         const float x = (static_cast<float>(px) + 0.5F) * pixel - 1;
         const float y = (static_cast<float>(py) + 0.5F) * pixel - 0.5F;
-        Color color{1, 1, 1};
+        Color color = mix({1, 1, 1}, coverAt(x, y), coverage(outsideCover(x, y), pixel));
         float armLength = 0.44F;
         float place = -0.82F;
         float step = 0.40F;
@@ -64,7 +76,7 @@ Picture meshPicture() {
         constexpr Color zinc = bytes(178, 184, 188);
         const auto fromWire = [](int pixel) {
             const float place = (static_cast<float>(pixel) + 0.5F) * wires / side;
-            return std::abs(place - std::round(place)) - 0.1F;
+            return std::abs(place - std::round(place)) - 0.08F;
         };
         const float outside = std::min(fromWire(x), fromWire(y));
         const float lit = 0.8F + 0.2F * smoothStep(0, -0.1F, outside);

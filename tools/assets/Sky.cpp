@@ -53,12 +53,11 @@ Color skyAlong(const Point& direction, const Clouds& clouds) {
     return behind + cloud.added + sunlight(away) * (0.35F * (1 - cloud.clear));
 }
 
-/** Country that fades in the haze, like the ground that ends before it. */
+/** Country that fades in the haze. The ground ends before it, the further below the horizon the higher one
+ * is. */
 Color landAlong(float fall) {
-    constexpr Color far = bytes(168, 184, 182);
-    constexpr Color near = bytes(112, 132, 84);
-    const Color land = mix(far, near, smoothStep(0, 0.09F, fall));
-    return mix(haze, land, smoothStep(0, 0.012F, fall));
+    constexpr Color meadow = bytes(92, 109, 57);
+    return mix(haze, meadow, std::sqrt(smoothStep(0, 0.05F, fall)));
 }
 
 Color colorAlong(const Point& direction, const Clouds& clouds) {

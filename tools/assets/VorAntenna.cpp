@@ -43,12 +43,13 @@ void addRing(int count, float radius, const Add& add) {
 /** A white housing with a domed top on a post. */
 void addRadome(SolidBuilder& housing, const Point& place, float radius, float bottom, float top, int sides) {
     const float shoulder = bottom + (top - bottom) * 0.62F;
-    const std::array<OutlinePoint, 3> side{{{radius * 0.55F, bottom}, {radius, bottom}, {radius, shoulder}}};
+    const std::array<OutlinePoint, 3> side{
+        {{radius * 0.55F, bottom}, {radius, bottom}, {radius * 0.93F, shoulder}}};
     housing.addTurned(place.x, place.y, sides, side);
     std::array<OutlinePoint, 5> dome;
     for (std::size_t i = 0; i < dome.size(); ++i) {
         const float angle = std::numbers::pi_v<float> / 2 * static_cast<float>(i) / (dome.size() - 1);
-        dome[i] = {i + 1 < dome.size() ? radius * std::cos(angle) : 0,
+        dome[i] = {i + 1 < dome.size() ? 0.93F * radius * std::cos(angle) : 0,
                    shoulder + (top - shoulder) * std::sin(angle)};
     }
     housing.addTurnedSmooth(place.x, place.y, sides, dome);
@@ -95,18 +96,19 @@ TriangleModel shelterFittings() {
 TriangleModel rimPlates(int first) {
     constexpr int plates = 48;
     constexpr float bottom = 0.88F;
-    constexpr float inner = 0.984F;
+    constexpr float inner = 0.955F;
+    constexpr float outer = 0.975F; // at the top: what leans back is lit from above
     TriangleModel model;
     for (int i = first; i < plates; i += 2) {
         const float from = static_cast<float>(i) / plates;
         const float to = static_cast<float>(i + 1) / plates;
         const Point low{0, 0, bottom};
         const Point high{0, 0, 1};
-        const Point a = around(1, from);
-        const Point b = around(1, to);
+        const Point a = around(outer, from);
+        const Point b = around(outer, to);
         const Point c = around(inner, from);
         const Point d = around(inner, to);
-        model.addQuad({{a + low, b + low, b + high, a + high}});
+        model.addQuad({{around(1, from) + low, around(1, to) + low, b + high, a + high}});
         model.addQuad({{d + low, c + low, c + high, d + high}});
         // A little narrower than the sides: shared normals would round the edge.
         model.addQuad({{mix(a, c, 0.01F) + high, mix(b, d, 0.01F) + high, mix(b, d, 0.99F) + high,
@@ -117,11 +119,11 @@ TriangleModel rimPlates(int first) {
 
 TriangleModel meshDeck() {
     constexpr float height = 0.975F;
-    constexpr float repeats = 12;
+    constexpr float repeats = 18;
     constexpr int rings = 6;
     std::array<OutlinePoint, rings + 1> outline;
     for (std::size_t i = 0; i < outline.size(); ++i) {
-        outline[i] = {0.99F * (1 - static_cast<float>(i) / rings), height};
+        outline[i] = {0.97F * (1 - static_cast<float>(i) / rings), height};
     }
     TriangleModel model;
     SolidBuilder(model).addTurnedSmooth(0, 0, 96, outline);
