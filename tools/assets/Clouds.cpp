@@ -110,7 +110,8 @@ CloudLight Clouds::layerAlong(const Point& direction, const Color& haze) const {
     float outside = distance;
     CloudLight light{{0, 0, 0}, 1};
     while (distance < end && light.clear > 0.02F) {
-        float depth = depthAt(placeAlong(direction, distance), distance);
+        Point place = placeAlong(direction, distance);
+        float depth = depthAt(place, distance);
         const float step = 0.022F + 0.004F * distance;
         if (depth <= 0) {
             outside = distance;
@@ -120,9 +121,9 @@ CloudLight Clouds::layerAlong(const Point& direction, const Color& haze) const {
         if (outside > 0) {
             distance = surfaceBetween(direction, outside, distance) + step / 2;
             outside = 0;
+            place = placeAlong(direction, distance);
+            depth = depthAt(place, distance);
         }
-        const Point place = placeAlong(direction, distance);
-        depth = depthAt(place, distance);
         const float through = std::exp(-extinction * smoothStep(0, 0.2F, depth) * step);
         const Color lit = litBy(sunAt(place, depth), place.z, direction.z);
         const Color seen = mix(haze, lit, std::exp(-distance / sight));
