@@ -134,7 +134,10 @@ INSTANTIATE_TEST_SUITE_P(Contexts, ViewerContextTest,
 TEST(ViewerLifecycleTest, RunsWithoutAWindow) {
     ViewerProcess viewer({"{createwindow=0}"});
     ASSERT_TRUE(viewer.waitFor("Frames Per Second: ")) << viewer.output();
-    connectTo(viewer).send(*message("NetMsgShutdownInstance"));
+    Connection tool = connectTo(viewer);
+    tool.send(*message("NetMsgCreateWO", {{"x", "1"}, {"y", "2"}, {"z", "3"}}));
+    EXPECT_NE(tool.receive(), nullptr) << "models of files have no need of one";
+    tool.send(*message("NetMsgShutdownInstance"));
     EXPECT_EQ(viewer.waitForEnd(), 0);
     EXPECT_TRUE(viewer.output().ends_with(lastLine));
     EXPECT_EQ(viewer.output().find("Creating Window..."), std::string::npos);

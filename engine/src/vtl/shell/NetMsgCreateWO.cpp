@@ -1,9 +1,9 @@
 #include "vtl/shell/NetMsgCreateWO.h"
 
+#include "vtl/base/ManagerEnvironmentConfiguration.h"
 #include "vtl/net/ManagerSerializableNetMsgMap.h"
-#include "vtl/scene/model/Model.h"
+#include "vtl/scene/object/WO.h"
 #include "vtl/scene/object/WorldContainer.h"
-#include "vtl/scene/shape/WOPrimitiveShape.h"
 #include "vtl/shell/GLView.h"
 #include "vtl/shell/ManagerGLView.h"
 
@@ -19,9 +19,8 @@ const NetMsgRegistration<NetMsgCreateWOReply> replyRegistration;
 
 void NetMsgCreateWO::onMessageArrived() {
     Report() << "Message has arrived... " << toString() << "\n";
-    constexpr float side = 4.0F;
-    auto marker = WOPrimitiveShape::New(PRIMITIVE_SHAPE_TYPE::psCUBE, {side});
-    marker->getModel()->getSkin().setColor(255, 0, 0, 255);
+    auto marker = WO::New(ManagerEnvironmentConfiguration::getSharedMultimediaPath() +
+                          "/models/cube4x4x4redShinyPlastic_pp.wrl");
     Report() << "Payload\n" << x << "," << y << "," << z << ".\n";
     marker->setPosition(Vector(x, y, z));
     marker->setLabel("Created by IPC Net Msg");
