@@ -75,13 +75,30 @@ TEST_P(ModelParserVRMLGLTest, FindsMapsByTheNameOfTheColourMap) {
         const std::string textures = textureNames(skin);
         EXPECT_EQ(textures, row.textures);
         EXPECT_EQ(generatorOf(*data).generateTangents, row.isNormalMapped) << row.colour;
-        EXPECT_EQ(reports.count("Normal Map Loaded '" + folder.path("")), row.isNormalMapped ? 1U : 0U);
-        EXPECT_EQ(reports.contains("Specularity Map Loaded '" + folder.path("")),
-                  textures.find("_SPEC") != std::string::npos);
-        const std::size_t samplers = skin.shader == nullptr ? 0 : skin.shader->getUniforms().size();
+        for (const auto& [said, ending] : {std::pair("Normal Map Loaded '", "_NRM.png"),
+                                           std::pair("Specularity Map Loaded '", "_SPEC.png")}) {
+            const std::string colour = row.colour;
+            const std::string line =
+                said + folder.path(colour.substr(0, colour.rfind("_COLOR")) + ending) + "'\n";
+            EXPECT_EQ(reports.contains(line), textures.find(ending) != std::string::npos) << line;
+        }
         EXPECT_EQ(skin.shader != nullptr && skin.shader->getAttributes().size() == 1, row.isNormalMapped);
-        EXPECT_EQ(samplers == 3, row.isNormalMapped) << row.colour;
     }
+}
+
+TEST_P(ModelParserVRMLGLTest, GivesEachMapOfTheShaderItsUnit) {
+    const std::unique_ptr<GLSLShader> shader = ModelParserVRML::newNormalMapShader();
+    const std::array names{"diffuseTexture", "normalTexture", "specularTexture"};
+    ASSERT_EQ(shader->getUniforms().size(), names.size());
+    shader->bind();
+    for (std::size_t unit = 0; unit < names.size(); ++unit) {
+        GLint sampled = -1;
+        glGetUniformiv(shader->getProgram(), glGetUniformLocation(shader->getProgram(), names[unit]),
+                       &sampled);
+        EXPECT_EQ(sampled, static_cast<GLint>(unit)) << names[unit];
+    }
+    shader->unbind();
+    EXPECT_EQ(shader->getAttributes().at(0).getName(), "tangent");
 }
 
 TEST_P(ModelParserVRMLGLTest, ShowsThePictureTheRightWayRound) {

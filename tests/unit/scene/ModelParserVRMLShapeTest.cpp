@@ -88,16 +88,16 @@ TEST(ModelParserVRMLShape, TakesOneEntryFromALine) {
     Parts parts;
     parts.points = "x=1.5 y=-2e1;3 4\n\n  \n5\n] 6 7 8\n";
     parts.texturePoints = "0.5 0.25,\n .5\t+1e-1 9\n0.5,0.75\n-0 x\n\n1e999 2\n";
-    parts.faces = "0,1,0,1,-1\n 1 9 - 1 , - 0\n";
-    parts.textureFaces = "1,1,0\n4,3,2\n0,0,0\n";
+    parts.faces = "0,1,0,1,-1\n 1 9 - 1 , - 0\n1, 1, -1,\n1,1,-1,\n"; // a piece of a blank is 0
+    parts.textureFaces = "1,1,0\n4,3,2\n0,0,0\n0,0,0\n0,0,0\n";
     const Reading reading(parts.multiLine());
     ASSERT_TRUE(reading.isWhole);
     EXPECT_EQ(listed(reading.shape.vertices), "(1.5, -20, 3)(5, 0, 0)") << "nothing with the bracket counts";
     const std::vector<TextureVertex> expected{{0.5F, 0.25F}, {0.5F, 0.1F}, {0.5F, 0}, {0, 0}, {0, 2}};
     EXPECT_EQ(reading.shape.textureVertices, expected);
     EXPECT_EQ(reading.faults.numbers, 3U) << "a comma, a letter, a number too large";
-    EXPECT_EQ(reading.shape.coordIndices, (Indices{0, 1, 0, 1, 1, 0}));
-    EXPECT_EQ(reading.shape.textureCoordIndices, (Indices{1, 1, 0, 4, 3, 2}));
+    EXPECT_EQ(reading.shape.coordIndices, (Indices{0, 1, 0, 1, 1, 0, 1, 1, 0, 1, 1, 1}));
+    EXPECT_EQ(reading.shape.textureCoordIndices, (Indices{1, 1, 0, 4, 3, 2, 0, 0, 0, 0, 0, 0}));
 
     parts = Parts();
     parts.texture = "filename \"a.png\"";

@@ -2,6 +2,7 @@
 
 #include "vtl/geometry/VantrelGeometryFrustum.h"
 #include "vtl/scene/model/MGLNullModel.h"
+#include "vtl/scene/parser/ReadingGuard.h"
 
 #include "tests/support/KeyPresses.h"
 #include "tests/support/ReportCapture.h"
@@ -10,6 +11,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <numbers>
+#include <stdexcept>
 
 namespace Vantrel {
 namespace {
@@ -301,6 +303,20 @@ TEST_F(ModelDeathTest, EndsTheProcessWhereThereIsNothingToShow) {
     }
     EXPECT_EXIT(reported([&] { cube("cube.obj.wrl"); })(), ::testing::ExitedWithCode(255),
                 "ERROR: Can't Find File: cube.obj.wrl\n$");
+}
+
+TEST(ReadingGuardDeathTest, EndsTheProcessWhateverIsThrown) {
+    const auto exitWith = [](auto thrown) {
+        Tests::reportToErrorOutput();
+        readOrExit([&thrown]() -> int { throw thrown; });
+    };
+    const std::runtime_error full("full");
+    const std::runtime_error silent("");
+    EXPECT_EXIT(exitWith(full), ::testing::ExitedWithCode(255), "^Exception thrown!\nfull\n$");
+    EXPECT_EXIT(exitWith(silent), ::testing::ExitedWithCode(255), "^Exception thrown!\nUnknown exception\n$");
+    EXPECT_EXIT(exitWith(static_cast<const std::exception*>(&full)), ::testing::ExitedWithCode(255),
+                "^Exception\\* thrown!\nfull\n$");
+    EXPECT_EXIT(exitWith(5), ::testing::ExitedWithCode(255), "^Non-exception thrown\n$");
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <tuple>
@@ -10,7 +11,11 @@
 namespace Vantrel {
 namespace {
 
-const OBJMaterials textured{{"", {.textureName = "image.png"}}};
+std::shared_ptr<const std::string> nameOf(const char* image) {
+    return std::make_shared<const std::string>(image);
+}
+
+const OBJMaterials textured{{"", {.textureName = nameOf("image.png")}}};
 const Vector one(1, 1, 1);
 
 OBJFile read(std::string_view text) {
@@ -95,7 +100,7 @@ TEST(OBJFile, LeavesOutFacesThatNameWhatIsNotThere) {
     OBJFile file = read(withSquare("f 1/1 2/2 3\nf 1/1 2/2 3/3"));
     EXPECT_EQ(file.makeMeshes(textured, one)[0].indices.size(), 3U) << "a texture wants its coordinates";
     EXPECT_EQ(file.faults.faces, 1U);
-    EXPECT_TRUE(read("f 1 2 3").makeMeshes({}, one).empty());
+    EXPECT_TRUE(meshOf("f 1 2 3").vertices.empty()) << "a mesh of nothing, so that others keep their numbers";
     EXPECT_EQ(meshOf("f 1 2 3\nv 0 0 0\nv 1 0 0\nv 0 1 0").indices.size(), 3U) << "named before it is there";
 }
 
@@ -139,6 +144,9 @@ TEST(OBJFile, CountsNumbersThatAreNone) {
     OBJFile file = read("v 1 inf x\nvt nan\nv 0 0 0\nv 0 1 0\nf 1 2 3");
     EXPECT_EQ(file.faults.numbers, 3U);
     EXPECT_EQ(listed(file.makeMeshes({}, Vector(2, 2, 2))[0].vertices), "(1, 0, -1)(-1, 0, -1)(-1, 0, 1)");
+    OBJFile far = read("v 3e38 0 0\nv 2e38 0 0\nv 2e38 1 0\nf 1 2 3");
+    EXPECT_EQ(listed(far.makeMeshes({}, Vector(2, 2, 2))[0].vertices), "(0, 0, -1)(0, 0, -1)(0, 0, 1)");
+    EXPECT_EQ(far.faults.numbers, 3U) << "too far apart to be centred";
 }
 
 TEST(OBJMaterial, IsReadByItsKeywords) {
@@ -146,7 +154,7 @@ TEST(OBJMaterial, IsReadByItsKeywords) {
         FileLines::ofText("Kd 9 9 9\r\nnewmtl red paint \r\nKd 1 0.5 0.25\r\nKa 0.1 0.2 0.3\nKs .4 .5 .6\n"
                           "illum 2\nNi 1.5\nd 0.5\n Kd 9 9 9\nmap_Kd brick.png extra\nmap_Kd\n"
                           "newmtl next\nTf 0.1 0.2 0.3\nnewmtl red paint\nKd 9 9 9\nnewmtl last");
-    OBJMaterials materials{{"next", {.textureName = "was there"}}};
+    OBJMaterials materials{{"next", {.textureName = nameOf("was there")}}};
     ModelFileFaults faults;
     readMaterialLibrary(lines, materials, faults);
     ASSERT_EQ(materials.size(), 3U);
@@ -155,13 +163,13 @@ TEST(OBJMaterial, IsReadByItsKeywords) {
     EXPECT_EQ(red.Ka, (OBJMaterial::Color{0.1F, 0.2F, 0.3F}));
     EXPECT_EQ(red.Ks, (OBJMaterial::Color{0.4F, 0.5F, 0.6F}));
     EXPECT_EQ(red.Tf, (OBJMaterial::Color{0.5F, 0.5F, 0.5F}));
-    EXPECT_EQ(red.textureName, "brick.png");
-    EXPECT_EQ(materials.at("next").textureName, "was there");
+    EXPECT_EQ(*red.textureName, "brick.png");
+    EXPECT_EQ(*materials.at("next").textureName, "was there");
     const OBJMaterial& last = materials.at("last");
     EXPECT_EQ(last.Kd, (OBJMaterial::Color{9, 9, 9}))
         << "what isn't stated stays, even of one that is dropped";
     EXPECT_EQ(last.Tf, (OBJMaterial::Color{0.1F, 0.2F, 0.3F}));
-    EXPECT_EQ(last.textureName, "brick.png");
+    EXPECT_EQ(last.textureName, red.textureName) << "one name, however many materials there are";
 }
 
 } // namespace

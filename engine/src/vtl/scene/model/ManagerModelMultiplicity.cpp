@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <map>
 #include <utility>
 
@@ -46,8 +47,13 @@ std::unique_ptr<ModelDataShared> readMaster(const ModelDataSharedID& id, MESH_SH
     if (kind == fileKinds.end() || kind->makeParser == nullptr) {
         return nullptr;
     }
-    const std::unique_ptr<ModelParser> parser = kind->makeParser(id.fileName, id.scale, shadingType);
-    return parser ? parser->parse() : nullptr;
+    try {
+        return kind->makeParser(id.fileName, id.scale, shadingType)->parse();
+    } catch (const std::exception& exception) { // the file is too large for the memory, most likely
+        Report() << "WARNING: ManagerModelMultiplicity, '" << id.fileName << "': " << exception.what()
+                 << "...\n";
+        return nullptr;
+    }
 }
 
 [[noreturn]] void refuseFile(const std::string& fileName) {

@@ -271,7 +271,6 @@ private:
         for (Mesh3DS& mesh : file.meshes) {
             mesh.materials.assign(mesh.faces.size(), Mesh3DS::noMaterial);
         }
-        std::size_t strayCount = 0;
         for (const MaterialGroup& group : groups) {
             const auto known = materialNumbers.find(group.material);
             if (known == materialNumbers.end()) {
@@ -282,13 +281,9 @@ private:
                 if (group.faces[i] < numbers.size()) {
                     numbers[group.faces[i]] = known->second;
                 } else {
-                    ++strayCount;
+                    ++file.faults.facesOfMaterials;
                 }
             }
-        }
-        if (strayCount != 0) {
-            Report() << "WARNING: File3DS, " << strayCount
-                     << " faces that materials name don't exist, leaving them out...\n";
         }
     }
 

@@ -5,14 +5,14 @@
 namespace Vantrel {
 
 void ModelFileFaults::report(std::string_view reader, std::string_view fileName) const {
-    if (numbers != 0) {
-        Report() << "WARNING: " << reader << ", '" << fileName << "': " << numbers
-                 << " numbers are not finite or no numbers, taking them as 0...\n";
-    }
-    if (faces != 0) {
-        Report() << "WARNING: " << reader << ", '" << fileName << "': " << faces
-                 << " faces name a vertex or a texture coordinate that doesn't exist, leaving them out...\n";
-    }
+    const auto tell = [&](std::size_t count, std::string_view what) {
+        if (count != 0) {
+            Report() << "WARNING: " << reader << ", '" << fileName << "': " << count << what;
+        }
+    };
+    tell(numbers, " numbers are not finite or no numbers, taking them as 0...\n");
+    tell(faces, " faces lack a vertex, a texture coordinate or a normal, leaving them out...\n");
+    tell(facesOfMaterials, " faces that materials name don't exist...\n");
 }
 
 } // namespace Vantrel

@@ -22,8 +22,10 @@ struct ModelFileFaults {
 
     /** Numbers that aren't finite, or none at all; they count as 0. */
     std::size_t numbers = 0;
-    /** Faces that name what the file doesn't have; they are left out. */
+    /** Faces that name what the file doesn't have, or don't name what they need; they are left out. */
     std::size_t faces = 0;
+    /** Faces that a material names and the file doesn't have. */
+    std::size_t facesOfMaterials = 0;
 };
 
 } // namespace Vantrel

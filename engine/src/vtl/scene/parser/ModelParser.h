@@ -23,6 +23,13 @@ public:
     virtual std::unique_ptr<ModelDataShared> parse() = 0;
 
 protected:
+    /** Takes mstSMOOTH for mstAUTO. */
+    void chooseShading() {
+        if (shadingType == MESH_SHADING_TYPE::mstAUTO) {
+            shadingType = MESH_SHADING_TYPE::mstSMOOTH;
+        }
+    }
+
     std::string fileName;
     Vector scale;
     MESH_SHADING_TYPE shadingType;

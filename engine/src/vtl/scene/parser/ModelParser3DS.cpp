@@ -18,26 +18,23 @@
 namespace Vantrel {
 namespace {
 
-std::unique_ptr<Texture> textureOf(const std::string& name) {
-    return ManagerTexture::loadTexture(name);
-}
-
 /** The skin that the material's maps ask for; those of a "_COLOR" map stand beside it. */
 ModelMeshSkin skinWithMaps(const Material3DS& material, const std::string& directory) {
     constexpr std::size_t extensionLength = 4;
     const std::string& name = material.textureName;
     if (name.empty()) {
-        return material.bumpName.empty() ? ModelMeshSkin()
-                                         : ModelMeshSkin(textureOf(directory + material.bumpName));
+        return material.bumpName.empty()
+                   ? ModelMeshSkin()
+                   : ModelMeshSkin(ManagerTexture::loadTexture(directory + material.bumpName));
     }
     const std::string stem = directory + name.substr(0, name.size() - std::min(name.size(), extensionLength));
     std::error_code error;
     if (!std::filesystem::exists(stem + "_COLOR.png", error)) {
-        return ModelMeshSkin(textureOf(directory + name));
+        return ModelMeshSkin(ManagerTexture::loadTexture(directory + name));
     }
-    ModelMeshSkin skin(textureOf(stem + "_COLOR.png"));
-    skin.textures.push_back(textureOf(stem + "_NRM.png"));
-    skin.textures.push_back(textureOf(stem + "_SPEC.png"));
+    ModelMeshSkin skin(ManagerTexture::loadTexture(stem + "_COLOR.png"));
+    skin.textures.push_back(ManagerTexture::loadTexture(stem + "_NRM.png"));
+    skin.textures.push_back(ManagerTexture::loadTexture(stem + "_SPEC.png"));
     skin.setShader(ModelParserVRML::newNormalMapShader());
     return skin;
 }
@@ -72,9 +69,7 @@ std::unique_ptr<ModelMeshRenderDataGenerator> generatorOf(MaterialMesh3DS mesh, 
 } // namespace
 
 std::unique_ptr<ModelDataShared> ModelParser3DS::parse() {
-    if (shadingType == MESH_SHADING_TYPE::mstAUTO) {
-        shadingType = MESH_SHADING_TYPE::mstSMOOTH;
-    }
+    chooseShading();
     constexpr std::size_t longest = std::numeric_limits<std::uint32_t>::max(); // as long as a chunk can be
     const std::optional<WholeFile> bytes = WholeFile::read(fileName, longest);
     const std::optional<File3DS> file = bytes ? File3DS::read(bytes->bytes()) : std::nullopt;
@@ -87,15 +82,14 @@ std::unique_ptr<ModelDataShared> ModelParser3DS::parse() {
     faults.report("ModelParser3DS", fileName);
 
     const std::string directory = fileName.substr(0, fileName.rfind('/') + 1); // nothing without a "/"
-    std::vector<ModelMeshSkin> skins;
-    for (const Material3DS& material : file->getMaterials()) {
-        skins.push_back(skinOf(material, directory, shadingType));
-    }
     std::vector<ModelMeshSource> sources;
-    for (MaterialMesh3DS& mesh : meshes) {
-        ModelMeshSkin& skin = skins[mesh.material];
-        const std::size_t textureCount = skin.textures.size();
-        sources.push_back({std::move(skin), generatorOf(std::move(mesh), textureCount)});
+    auto mesh = meshes.begin(); // the next in the order of the materials, of which some have none
+    for (std::size_t i = 0; i < file->getMaterials().size(); ++i) {
+        ModelMeshSkin skin = skinOf(file->getMaterials()[i], directory, shadingType);
+        if (mesh != meshes.end() && mesh->material == i) {
+            const std::size_t textureCount = skin.textures.size();
+            sources.push_back({std::move(skin), generatorOf(*std::move(mesh++), textureCount)});
+        }
     }
     return std::make_unique<ModelDataShared>(std::move(sources));
 }

@@ -6,8 +6,9 @@
 #include "vtl/scene/parser/OBJFile.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
-#include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace Vantrel {
@@ -22,19 +23,23 @@ std::string directoryOf(const std::string& fileName) {
     return fileName.substr(0, separator + 1); // nothing without a separator, since npos + 1 is 0
 }
 
-OBJMaterials readLibraries(const std::string& directory, const OBJFile& file, ModelFileFaults& faults) {
+OBJMaterials readLibraries(const std::string& directory, const OBJFile& file) {
     OBJMaterials materials;
-    std::set<std::string_view> tried;
+    std::set<std::string> read; // each file once, by whatever names the model calls it
     for (const std::string& name : file.getLibraryNames()) {
-        if (!tried.insert(name).second) {
+        const std::string library = directory + name;
+        std::error_code error;
+        if (!read.insert(std::filesystem::weakly_canonical(library, error).string()).second) {
             continue;
         }
-        FileLines lines(directory + name);
-        if (lines.isOpen()) {
-            readMaterialLibrary(lines, materials, faults);
-        } else {
-            Report() << "No such material library as " << directory << name << "\n";
+        FileLines lines(library);
+        if (!lines.isOpen()) {
+            Report() << "No such material library as " << library << "\n";
+            continue;
         }
+        ModelFileFaults faults;
+        readMaterialLibrary(lines, materials, faults);
+        faults.report("ModelParserOBJ", library);
     }
     return materials;
 }
@@ -49,10 +54,10 @@ ModelMeshSkin skinOf(const OBJMaterial& material, const std::string& directory) 
     skin.diffuse = colorOf(material.Kd, material);
     skin.specular = colorOf(material.Ks, material);
     skin.colorMaterial = false;
-    if (!material.textureName.empty()) {
+    if (material.textureName != nullptr) {
         skin.diffuse = colorOf({1, 1, 1}, material);
         skin.textures.resize(std::max<std::size_t>(skin.textures.size(), 1));
-        skin.textures.front() = ManagerTexture::loadTexture(directory + material.textureName);
+        skin.textures.front() = ManagerTexture::loadTexture(directory + *material.textureName);
     }
     return skin;
 }
@@ -61,7 +66,7 @@ std::unique_ptr<ModelMeshRenderDataGenerator> generatorOf(OBJMesh mesh) {
     auto generator = std::make_unique<ModelMeshRenderDataGenerator>();
     generator->vertices = std::move(mesh.vertices);
     generator->indices = std::move(mesh.indices);
-    if (!mesh.material.textureName.empty()) {
+    if (mesh.material.textureName != nullptr) {
         generator->textureCoordSets.push_back({std::move(mesh.textureCoords), GL_TEXTURE_2D});
     }
     return generator;
@@ -70,9 +75,7 @@ std::unique_ptr<ModelMeshRenderDataGenerator> generatorOf(OBJMesh mesh) {
 } // namespace
 
 std::unique_ptr<ModelDataShared> ModelParserOBJ::parse() {
-    if (shadingType == MESH_SHADING_TYPE::mstAUTO) {
-        shadingType = MESH_SHADING_TYPE::mstSMOOTH;
-    }
+    chooseShading();
     FileLines lines(fileName);
     if (!lines.isOpen()) {
         Report() << "No such .OBJ as " << fileName << " returning NULL.\n";
@@ -80,7 +83,7 @@ std::unique_ptr<ModelDataShared> ModelParserOBJ::parse() {
     }
     const std::string directory = directoryOf(fileName);
     OBJFile file(lines);
-    const OBJMaterials materials = readLibraries(directory, file, file.faults);
+    const OBJMaterials materials = readLibraries(directory, file);
     std::vector<ModelMeshSource> sources;
     for (OBJMesh& mesh : file.makeMeshes(materials, scale)) {
         ModelMeshSource source{skinOf(mesh.material, directory), nullptr};

@@ -7,10 +7,10 @@
 #include "vtl/gl/texture/ManagerTexture.h"
 #include "vtl/scene/model/ModelDataShared.h"
 #include "vtl/scene/parser/ModelParserVRMLShape.h"
+#include "vtl/scene/parser/ReadingGuard.h"
 
 #include <array>
 #include <cstdint>
-#include <exception>
 #include <optional>
 #include <utility>
 
@@ -73,21 +73,16 @@ void addMaps(ModelMeshSkin& skin, ModelMeshRenderDataGenerator& generator) {
 } // namespace
 
 std::unique_ptr<ModelDataShared> ModelParserVRML::parse() {
-    std::optional<ModelParserVRMLShape> shape;
-    try {
-        shape = readFirstShape(fileName, scale);
-    } catch (const std::exception& exception) {
-        Report() << "Exception thrown!\n" << exception.what() << "\n";
-        Pause::exitAfterKey();
-    }
+    std::optional<ModelParserVRMLShape> shape =
+        readOrExit([this] { return readFirstShape(fileName, scale); });
     if (!shape) {
         Report() << "Bad VRML file: " << fileName << "\n";
         return nullptr;
     }
     ModelMeshSource source{ModelMeshSkin(ManagerTexture::loadTexture(shape->textureFileName)), nullptr};
     source.generator = generatorOf(*std::move(shape));
-    const bool isSmooth =
-        shadingType == MESH_SHADING_TYPE::mstAUTO || shadingType == MESH_SHADING_TYPE::mstSMOOTH;
+    chooseShading();
+    const bool isSmooth = shadingType == MESH_SHADING_TYPE::mstSMOOTH;
     source.skin.shadingType = isSmooth ? MESH_SHADING_TYPE::mstSMOOTH : MESH_SHADING_TYPE::mstFLAT;
     source.skin.setColor(vtlColor4ub(255, 255, 255, 255));
     addMaps(source.skin, *source.generator);

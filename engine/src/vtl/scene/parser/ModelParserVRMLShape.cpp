@@ -60,7 +60,8 @@ std::uint32_t takeIndex(std::string_view& text) {
         return none;
     }
     skipWhile(text, isWhiteSpace);
-    const std::int32_t number = takeInteger(text);
+    // A piece of blanks alone is 0; the delimiter behind it is no sign.
+    const std::int32_t number = !text.empty() && isDelimiter(text.front()) ? 0 : takeInteger(text);
     skipWhile(text, [](char c) { return !isDelimiter(c); });
     return static_cast<std::uint32_t>(number);
 }

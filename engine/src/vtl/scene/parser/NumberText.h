@@ -6,7 +6,7 @@
 #include <string_view>
 
 // Words and numbers in the lines of a model file. Each function that takes something cuts it off the front of
-// `text`, together with the white space before it.
+// `text`; all but `takeInteger` together with the white space before it.
 
 namespace Vantrel {
 
@@ -36,7 +36,7 @@ std::int32_t takeInteger(std::string_view& text);
 float takeFloat(std::string_view& text, ModelFileFaults& faults);
 
 /**
- * The same for what `text` starts with, of which the number alone is cut off, as a text stream extracts it.
+ * The same for what `text` starts with, of which the number alone is cut off.
  * False, and `value` 0, where there is no number.
  */
 bool takeLeadingFloat(std::string_view& text, float& value, ModelFileFaults& faults);

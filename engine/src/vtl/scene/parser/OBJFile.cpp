@@ -125,7 +125,7 @@ void OBJFile::stretchTextureCoords() {
  */
 class OBJFile::MeshMaking {
 public:
-    MeshMaking(const OBJFile& source, const Vector& fileScale)
+    MeshMaking(OBJFile& source, const Vector& fileScale)
         : file(source)
         , scale(fileScale)
         , attributesOf(source.positions.size() + 1, {absent, absent})
@@ -136,13 +136,12 @@ public:
         }
     }
 
-    /** Adds what is left out to `leftOut`. */
-    OBJMesh make(const Faces& faces, const OBJMaterial& material, std::size_t& leftOut) {
+    OBJMesh make(const Faces& faces, const OBJMaterial& material) {
         OBJMesh mesh;
         mesh.material = material;
         mesh.indices.reserve(
             3 * (faces.corners.size() - std::min(faces.corners.size(), 2 * faces.cornerCounts.size())));
-        isTextured = !material.textureName.empty();
+        isTextured = material.textureName != nullptr;
         std::span<const Corner> rest = faces.corners;
         for (const std::uint32_t count : faces.cornerCounts) {
             const std::span<const Corner> face = rest.first(count);
@@ -151,7 +150,7 @@ public:
                             [this](const Corner& corner) { return file.isUsable(corner, isTextured); })) {
                 addFan(face, mesh);
             } else {
-                ++leftOut;
+                ++file.faults.faces;
             }
         }
         for (const std::int32_t vertex : numbered) {
@@ -198,11 +197,15 @@ private:
         return localOf[position];
     }
 
-    std::uint32_t addVertex(const Corner& corner, OBJMesh& mesh) const {
+    std::uint32_t addVertex(const Corner& corner, OBJMesh& mesh) {
         const Position& position = file.positions[static_cast<std::size_t>(corner.vertex - 1)];
         const auto number = static_cast<std::uint32_t>(mesh.vertices.size());
-        mesh.vertices.emplace_back((position[0] - centre[0]) * scale.x, (position[1] - centre[1]) * scale.y,
-                                   (position[2] - centre[2]) * scale.z);
+        Vector& added = mesh.vertices.emplace_back((position[0] - centre[0]) * scale.x,
+                                                   (position[1] - centre[1]) * scale.y,
+                                                   (position[2] - centre[2]) * scale.z);
+        for (float* const component : {&added.x, &added.y, &added.z}) {
+            file.faults.makeFinite(*component);
+        }
         if (isTextured) {
             const TextureCoord& coord = file.textureCoords[static_cast<std::size_t>(corner.texture - 1)];
             mesh.textureCoords.emplace_back(coord[0], coord[1], 0.0F);
@@ -210,7 +213,7 @@ private:
         return number;
     }
 
-    const OBJFile& file;
+    OBJFile& file;
     Vector scale;
     Position centre{};
     /** By position, counted from 1. */
@@ -229,11 +232,8 @@ std::vector<OBJMesh> OBJFile::makeMeshes(const OBJMaterials& materials, const Ve
     for (; !facesOf.empty(); facesOf.erase(facesOf.begin())) {
         const auto& [name, facesOfMaterial] = *facesOf.begin();
         const auto known = materials.find(name);
-        OBJMesh mesh = making.make(facesOfMaterial, known != materials.end() ? known->second : OBJMaterial(),
-                                   faults.faces);
-        if (!mesh.vertices.empty()) {
-            meshes.push_back(std::move(mesh));
-        }
+        meshes.push_back(
+            making.make(facesOfMaterial, known != materials.end() ? known->second : OBJMaterial()));
     }
     return meshes;
 }

@@ -42,7 +42,7 @@ public:
             material.Tf.fill(takeFloat(text, faults));
         } else if (keyword == "map_Kd") {
             if (const std::string_view image = takeWord(text); !image.empty()) {
-                material.textureName = image;
+                material.textureName = std::make_shared<const std::string>(image);
             }
         }
     }

@@ -6,6 +6,7 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 
 namespace Vantrel {
@@ -19,8 +20,8 @@ struct OBJMaterial {
     Color Ks{};
     /** The first one is how opaque the part is. */
     Color Tf{1, 1, 1};
-    /** Of an image; empty for none. */
-    std::string textureName;
+    /** Of an image; null for none. A material that names none shares that of the one before it. */
+    std::shared_ptr<const std::string> textureName;
 };
 
 using OBJMaterials = std::map<std::string, OBJMaterial, std::less<>>;
