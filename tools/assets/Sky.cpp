@@ -3,6 +3,7 @@
 #include "tools/assets/Clouds.h"
 #include "tools/assets/Noise.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Assets {
@@ -11,7 +12,7 @@ namespace {
 constexpr int side = 1024;
 constexpr Color haze = bytes(208, 220, 230);
 
-/** Where a point of a square at the side or above lies, `across` and `up` from -1 to 1. */
+/** Where a point of a square lies, `across` and `up` from -1 to 1. */
 Point onCube(int square, float across, float up) {
     switch (square) {
     case 0:
@@ -22,6 +23,8 @@ Point onCube(int square, float across, float up) {
         return {-across, -1, up};
     case 3:
         return {-1, across, up};
+    case 4:
+        return {-up, across, -1};
     default:
         return {-up, -across, 1};
     }
@@ -60,48 +63,40 @@ Color landAlong(float fall) {
     return mix(haze, meadow, std::sqrt(smoothStep(0, 0.05F, fall)));
 }
 
+/** From 1 on the lower edge towards +Y to 0 a few pixels away from it. */
+float nearLowerNorthEdge(const Point& direction) {
+    constexpr float pixel = 2.0F / side;
+    const float longest = std::max({std::abs(direction.x), std::abs(direction.y), std::abs(direction.z)});
+    const float away = std::max(longest - direction.y, longest + direction.z) / longest;
+    return 1 - smoothStep(pixel, 5 * pixel, away);
+}
+
 Color colorAlong(const Point& direction, const Clouds& clouds) {
-    constexpr float landed = 0.42F;
-    constexpr float mirrored = 0.55F; // below the sine of 35 degrees, where the square below begins
-    const float fall = -direction.z;
-    if (fall <= 0) {
+    if (direction.z >= 0) {
         return skyAlong(direction, clouds);
     }
-    if (fall < landed) {
-        return landAlong(fall);
-    }
-    return mix(landAlong(fall), skyAlong({direction.x, direction.y, fall}, clouds),
-               smoothStep(landed, mirrored, fall));
+    // The square below ends there beside the one above, and a filter takes half of each.
+    const float mirrored = nearLowerNorthEdge(direction);
+    const Color land = landAlong(-direction.z);
+    return mirrored > 0 ? mix(land, skyAlong({direction.x, direction.y, -direction.z}, clouds), mirrored)
+                        : land;
 }
 
-enum Square : int { below = 4, above = 5, squares = 6 };
-
-void mirrorInto(Picture& strip) {
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x) {
-            strip.copy(below * side + x, y, above * side + side - 1 - x, y);
-        }
-    }
-}
+constexpr int squares = 6;
 
 } // namespace
 
 Picture skyPicture() {
     constexpr float dither = 1.0F / 255;
     const Clouds clouds;
-    Picture strip = Picture::of(squares * side, side, [&](int x, int y) {
+    return Picture::of(squares * side, side, [&](int x, int y) {
         const int square = x / side;
-        if (square == below) {
-            return haze;
-        }
         const auto last = static_cast<float>(side - 1); // whose middle is on the edge of the square
         const float across = 2 * static_cast<float>(x % side) / last - 1;
         const float up = 2 * static_cast<float>(y) / last - 1;
         const float grain = (randomAt(x, y, 7) - 0.5F) * dither;
         return colorAlong(toUnit(onCube(square, across, up)), clouds) + Color{grain, grain, grain};
     });
-    mirrorInto(strip);
-    return strip;
 }
 
 } // namespace Assets

@@ -6,9 +6,8 @@ namespace Assets {
 
 /**
  * A fair day: six squares side by side, which show what is towards +Y, +X, -Y, -X, down and up from their
- * middle. The sun stands at the zenith. The outer pixels of two squares that meet in an edge are alike.
- * Steeply below the horizon, where ground lies before it, the sky is mirrored: the square below ends beside
- * the one above, and a filter takes half of each there.
+ * middle. The sun stands at the zenith, and below the horizon there is country. The outer pixels of two
+ * squares that meet in an edge are alike.
  */
 Picture skyPicture();
 
