@@ -31,11 +31,6 @@ class CubeParser : public ModelParser {
 public:
     using ModelParser::ModelParser;
 
-    static std::unique_ptr<ModelParser> New(const std::string& file, const Vector& fileScale,
-                                            MESH_SHADING_TYPE shading) {
-        return std::make_unique<CubeParser>(file, fileScale, shading);
-    }
-
     /** One mesh from -1 to 1, and one beside it when the name has "two" in it; no mesh for "none" and nothing
      * at all for "broken". */
     std::unique_ptr<ModelDataShared> parse() override {
@@ -59,7 +54,7 @@ public:
 /** Lets ".obj" names be read by `CubeParser` while it lives. */
 class CubeFiles {
 public:
-    CubeFiles() : former(ManagerModelMultiplicity::setParser(".obj", CubeParser::New)) {
+    CubeFiles() : former(ManagerModelMultiplicity::setParser(".obj", newModelParser<CubeParser>)) {
         CubeParser::parseCount = 0;
     }
     CubeFiles(const CubeFiles&) = delete;

@@ -231,10 +231,10 @@ TEST_F(ModelTest, CyclesThroughItsSkins) {
 
 TEST_F(ModelTest, FindsTheEndingAnywhereInTheName) {
     EXPECT_EQ(cube("cube.Obj.bak")->getNumberOfFaces(), 12U);
-    const auto former = ManagerModelMultiplicity::setParser(".wrl", Tests::CubeParser::New);
+    const auto former = ManagerModelMultiplicity::setParser(".wrl", newModelParser<Tests::CubeParser>);
     ManagerModelMultiplicity::setParser(".obj", nullptr);
     EXPECT_EQ(cube("cube.obj.wrl")->getNumberOfFaces(), 12U) << "this ending is looked for first";
-    EXPECT_EQ(ManagerModelMultiplicity::setParser(".wrl", former), &Tests::CubeParser::New);
+    EXPECT_EQ(ManagerModelMultiplicity::setParser(".wrl", former), &newModelParser<Tests::CubeParser>);
 }
 
 TEST_F(ModelTest, ShowsNothingOfAFileWithoutMeshes) {

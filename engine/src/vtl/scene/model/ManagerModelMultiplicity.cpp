@@ -22,8 +22,9 @@ struct FileKind {
     ManagerModelMultiplicity::MakeParser makeParser;
 };
 
-std::array<FileKind, 3> fileKinds{
-    {{".wrl", ModelParserVRML::New}, {".3ds", ModelParser3DS::New}, {".obj", ModelParserOBJ::New}}};
+std::array<FileKind, 3> fileKinds{{{".wrl", newModelParser<ModelParserVRML>},
+                                   {".3ds", newModelParser<ModelParser3DS>},
+                                   {".obj", newModelParser<ModelParserOBJ>}}};
 
 using Masters = std::map<ModelDataSharedID, std::unique_ptr<ModelDataShared>, ModelDataSharedIDOrder>;
 

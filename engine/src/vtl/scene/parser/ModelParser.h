@@ -35,4 +35,11 @@ protected:
     MESH_SHADING_TYPE shadingType;
 };
 
+/** A parser of that class. */
+template <class Parser>
+std::unique_ptr<ModelParser> newModelParser(const std::string& file, const Vector& fileScale,
+                                            MESH_SHADING_TYPE shading) {
+    return std::make_unique<Parser>(file, fileScale, shading);
+}
+
 } // namespace Vantrel

@@ -11,11 +11,6 @@ class ModelParserVRML : public ModelParser {
 public:
     using ModelParser::ModelParser;
 
-    static std::unique_ptr<ModelParser> New(const std::string& file, const Vector& fileScale,
-                                            MESH_SHADING_TYPE shading) {
-        return std::make_unique<ModelParserVRML>(file, fileScale, shading);
-    }
-
     /**
      * Null, after a report, for a file without a whole shape; one that can't be opened, or is too large for
      * the memory, ends the process after a key. mstAUTO means mstSMOOTH, and what is neither of these
