@@ -1,11 +1,14 @@
 #include "vtl/gl/texture/ImageFile.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <map>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Vantrel {

@@ -73,12 +73,12 @@ TriangleModel roundedCube() {
 
 Picture redPlasticPicture() {
     constexpr int side = 256;
-    return Picture::of(side, side, [](int x, int y) {
+    return Picture::ofUnitSquare(side, side, [](float across, float up) {
         constexpr Color deep = bytes(178, 10, 16);
         constexpr Color bright = bytes(248, 36, 36);
         constexpr Color shine{1.0F, 0.93F, 0.9F};
-        const float u = 2 * (static_cast<float>(x) + 0.5F) / side - 1;
-        const float v = 2 * (static_cast<float>(y) + 0.5F) / side - 1;
+        const float u = 2 * across - 1;
+        const float v = 2 * up - 1;
         const float rim = smoothStep(-0.5F, 0.0F, outsideBox(u, v, 1, 1, 0.3F));
         const Color body = mix(bright, deep, 0.75F * rim + 0.2F * (1 - v) * (1 - rim));
         // A window's light, bent by the moulding.

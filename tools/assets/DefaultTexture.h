@@ -1,13 +1,11 @@
 #pragma once
 
-#include <string>
+#include "tools/assets/Picture.h"
 
 namespace Assets {
 
-/**
- * A Windows bitmap of a board of squares in two greys with a thin orange frame: seen at once, and its edges
- * tell how it is laid.
+/** A board of squares in two greys with a thin orange frame: seen at once, and its edges tell how it is laid.
  */
-std::string defaultTexture();
+Picture defaultTexturePicture();
 
 } // namespace Assets

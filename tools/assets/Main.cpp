@@ -3,7 +3,6 @@
 
 #include "tools/assets/Cube.h"
 #include "tools/assets/DefaultTexture.h"
-#include "tools/assets/FileBytes.h"
 #include "tools/assets/Grass.h"
 #include "tools/assets/Gui.h"
 #include "tools/assets/Marks.h"
@@ -23,7 +22,7 @@ void makeShared(const fs::path& folder) {
     using namespace Assets;
     const fs::path images = folder / "images";
     const fs::path models = folder / "models";
-    writeFile(images / "DefaultTexture.bmp", defaultTexture());
+    defaultTexturePicture().writeBmp(images / "DefaultTexture.bmp");
     panelPicture().writePng(images / "gui/panel.png");
     focusBorderPicture().writePng(images / "gui/hasFocusBorder.png");
     pianoKeyPicture().writePng(images / "pianokey.png");

@@ -33,8 +33,7 @@ Picture lightPulsePicture() {
     constexpr int width = 256;
     constexpr int height = 32;
     constexpr float front = 0.86F;
-    return Picture::of(width, height, [](int x, int) {
-        const float u = (static_cast<float>(x) + 0.5F) / width;
+    return Picture::ofUnitSquare(width, height, [](float u, float) {
         const float tail = std::clamp((u - 0.06F) / (front - 0.06F), 0.0F, 1.0F);
         const float sharp = coverage(u - front, 3.0F / width);
         return Color{1, 1, 1, tail * tail * sharp};

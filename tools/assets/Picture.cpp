@@ -12,6 +12,7 @@ namespace {
 struct SurfaceFree {
     void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
 };
+using Surface = std::unique_ptr<SDL_Surface, SurfaceFree>;
 
 std::uint8_t toByte(float value) {
     return static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0F, 1.0F) * 255.0F));
@@ -23,9 +24,9 @@ void write(const std::filesystem::path& file, const std::vector<std::uint8_t>& p
            const Save& save) {
     std::filesystem::create_directories(file.parent_path());
     constexpr int bitsPerPixel = 32;
-    const std::unique_ptr<SDL_Surface, SurfaceFree> surface(
-        SDL_CreateRGBSurfaceWithFormatFrom(const_cast<std::uint8_t*>(pixels.data()), width, height,
-                                           bitsPerPixel, width * 4, SDL_PIXELFORMAT_RGBA32));
+    const Surface surface(SDL_CreateRGBSurfaceWithFormatFrom(const_cast<std::uint8_t*>(pixels.data()), width,
+                                                             height, bitsPerPixel, width * 4,
+                                                             SDL_PIXELFORMAT_RGBA32));
     if (!surface || save(surface.get()) != 0) {
         throw std::runtime_error("can't write " + file.string() + ": " + SDL_GetError());
     }
@@ -57,8 +58,11 @@ void Picture::set(int x, int y, const Color& color) {
     pixel[3] = toByte(color.a);
 }
 
-void Picture::copy(int toX, int toY, int fromX, int fromY) {
-    std::copy_n(pixels.data() + indexOf(fromX, fromY), 4, pixels.data() + indexOf(toX, toY));
+void Picture::writeBmp(const std::filesystem::path& file) const {
+    write(file, pixels, width, height, [&](SDL_Surface* surface) {
+        const Surface opaque(SDL_ConvertSurfaceFormat(surface, SDL_PIXELFORMAT_BGR24, 0));
+        return opaque ? SDL_SaveBMP(opaque.get(), file.c_str()) : -1;
+    });
 }
 
 void Picture::writePng(const std::filesystem::path& file) const {

@@ -30,10 +30,18 @@ public:
         return picture;
     }
 
+    /** With the colour that `colorAt(u, v)` gives the middle of each pixel, both going from 0 to 1. */
+    template <class ColorAt>
+    static Picture ofUnitSquare(int width, int height, const ColorAt& colorAt) {
+        return of(width, height, [&](int x, int y) {
+            return colorAt((static_cast<float>(x) + 0.5F) / static_cast<float>(width),
+                           (static_cast<float>(y) + 0.5F) / static_cast<float>(height));
+        });
+    }
+
     void set(int x, int y, const Color& color);
-    /** Makes a pixel like another one. */
-    void copy(int toX, int toY, int fromX, int fromY);
-    /** Both throw `std::runtime_error` when the file can't be written. A JPEG has no opacity. */
+    /** All throw `std::runtime_error` when the file can't be written. A bitmap and a JPEG have no opacity. */
+    void writeBmp(const std::filesystem::path& file) const;
     void writePng(const std::filesystem::path& file) const;
     void writeJpeg(const std::filesystem::path& file, int quality) const;
 

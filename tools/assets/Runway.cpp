@@ -69,12 +69,10 @@ TriangleModel runwaySlab() {
 
 Picture runwayPicture() {
     constexpr int side = 1024;
-    return Picture::of(side, side, [](int x, int y) {
+    return Picture::ofUnitSquare(side, side, [](float u, float v) {
         constexpr Color asphalt = bytes(112, 112, 110);
         constexpr Color rubber = bytes(44, 43, 43);
         constexpr Color paint = bytes(232, 231, 224);
-        const float u = (static_cast<float>(x) + 0.5F) / side;
-        const float v = (static_cast<float>(y) + 0.5F) / side;
         const Color bare = mix(asphalt, paint, markingAt(u, v) * paintLeft(u, v));
         return mix(bare, rubber, rubberAt(u, v)) * asphaltLight(u, v);
     });
@@ -86,10 +84,8 @@ Picture pianoKeyPicture() {
     constexpr float barWidth = 1.8F;
     constexpr float spacing = 3.3F;
     constexpr float barLength = 30;
-    return Picture::of(side, side, [](int x, int y) {
+    return Picture::ofUnitSquare(side, side, [](float u, float v) {
         constexpr Color paint = bytes(236, 235, 229);
-        const float u = (static_cast<float>(x) + 0.5F) / side;
-        const float v = (static_cast<float>(y) + 0.5F) / side;
         const float across = (u - 0.5F) * width / 2;
         const float nearest =
             std::clamp(std::round(across / spacing + 0.5F) - 0.5F, 0.5F - bars / 2.0F, bars / 2.0F - 0.5F) *

@@ -1,5 +1,7 @@
 #include "vtl/scene/parser/MaterialMesh3DS.h"
 
+#include "vtl/scene/parser/ComponentRange.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -25,21 +27,11 @@ struct CollectedVertices {
 
     /** Brings the middle of their box to the origin, then scales them. */
     void centre(const Vector& scale, ModelFileFaults& faults) {
-        if (positions.empty()) {
-            return;
-        }
-        Position low = positions.front();
-        Position high = positions.front();
-        for (const Position& position : positions) {
-            for (std::size_t axis = 0; axis < position.size(); ++axis) {
-                low[axis] = std::min(low[axis], position[axis]);
-                high[axis] = std::max(high[axis], position[axis]);
-            }
-        }
         const Position factor{scale.x, scale.y, scale.z};
-        for (Position& position : positions) {
-            for (std::size_t axis = 0; axis < position.size(); ++axis) {
-                position[axis] = (position[axis] - (low[axis] + high[axis]) / 2) * factor[axis];
+        for (std::size_t axis = 0; axis < factor.size(); ++axis) {
+            const auto [least, greatest] = getComponentRange(positions, axis);
+            for (Position& position : positions) {
+                position[axis] = (position[axis] - (least + greatest) / 2) * factor[axis];
                 faults.makeFinite(position[axis]);
             }
         }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "vtl/math/VectorT.h"
+
 #include <cmath>
 #include <cstddef>
 #include <string_view>
@@ -18,6 +20,12 @@ struct ModelFileFaults {
             number = 0;
             ++numbers;
         }
+    }
+
+    void makeFinite(Vector& point) {
+        makeFinite(point.x);
+        makeFinite(point.y);
+        makeFinite(point.z);
     }
 
     /** Numbers that aren't finite, or none at all; they count as 0. */

@@ -79,9 +79,7 @@ bool ModelParserVRMLShape::read(FileLines& lines, std::string_view modelFile, co
     const auto addVertex = [&](std::string_view line) {
         Vector& added = vertices.emplace_back(line);
         added = Vector(added.x * scale.x, added.y * scale.y, added.z * scale.z);
-        for (float* const component : {&added.x, &added.y, &added.z}) {
-            faults.makeFinite(*component);
-        }
+        faults.makeFinite(added);
     };
     const auto addTextureVertex = [&](std::string_view line) { textureVertices.emplace_back(line, faults); };
     const auto addFace = [this](std::string_view line) { addIndices(line, coordIndices); };

@@ -2,6 +2,7 @@
 
 #include "vtl/math/Mat4.h"
 #include "vtl/math/MatrixBuilders.h"
+#include "vtl/scene/parser/ComponentRange.h"
 #include "vtl/scene/parser/NumberText.h"
 
 #include <algorithm>
@@ -19,16 +20,6 @@ Mat4 turnedUp() {
     Mat4 turn;
     rotateAboutAxis(unitX, std::numbers::pi_v<float> / 2, turn);
     return turn;
-}
-
-/** The least and the greatest of one component over all entries; zero without entries. */
-template <class Entry>
-std::pair<float, float> rangeOf(const std::vector<Entry>& entries, std::size_t component) {
-    const auto [least, greatest] =
-        std::minmax_element(entries.begin(), entries.end(), [component](const Entry& a, const Entry& b) {
-            return a[component] < b[component];
-        });
-    return entries.empty() ? std::pair(0.0F, 0.0F) : std::pair((*least)[component], (*greatest)[component]);
 }
 
 } // namespace
@@ -111,7 +102,7 @@ bool OBJFile::isUsable(const Corner& corner, bool isTextured) const {
 /** Makes each component go from 0 to 1; one that doesn't change becomes 0. */
 void OBJFile::stretchTextureCoords() {
     for (std::size_t component = 0; component < TextureCoord().size(); ++component) {
-        const auto [least, greatest] = rangeOf(textureCoords, component);
+        const auto [least, greatest] = getComponentRange(textureCoords, component);
         for (TextureCoord& coord : textureCoords) {
             const float share = (coord[component] - least) / (greatest - least);
             coord[component] = std::isfinite(share) ? share : 0;
@@ -131,7 +122,7 @@ public:
         , attributesOf(source.positions.size() + 1, {absent, absent})
         , localOf(source.positions.size() + 1, none) {
         for (std::size_t axis = 0; axis < centre.size(); ++axis) {
-            const auto [least, greatest] = rangeOf(file.positions, axis);
+            const auto [least, greatest] = getComponentRange(file.positions, axis);
             centre[axis] = (greatest + least) * 0.5F;
         }
     }
@@ -203,9 +194,7 @@ private:
         Vector& added = mesh.vertices.emplace_back((position[0] - centre[0]) * scale.x,
                                                    (position[1] - centre[1]) * scale.y,
                                                    (position[2] - centre[2]) * scale.z);
-        for (float* const component : {&added.x, &added.y, &added.z}) {
-            file.faults.makeFinite(*component);
-        }
+        file.faults.makeFinite(added);
         if (isTextured) {
             const TextureCoord& coord = file.textureCoords[static_cast<std::size_t>(corner.texture - 1)];
             mesh.textureCoords.emplace_back(coord[0], coord[1], 0.0F);
